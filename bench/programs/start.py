@@ -1,0 +1,2 @@
+# Start-up: one message.
+print("こんにちは")

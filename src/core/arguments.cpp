@@ -1,0 +1,60 @@
+// Reading the arguments of function calls.
+#include "core/arguments.h"
+
+#include <cmath>
+#include <optional>
+
+#include "core/eval.h"
+#include "core/word_plan.h"
+#include "data/brackets.h"
+#include "data/failure.h"
+#include "data/numbers.h"
+
+namespace velm {
+
+Arguments::Arguments(std::u16string_view joined) : text_(joined) {
+    if (!joined.empty()) words_ = CutWords(joined);
+}
+
+void Arguments::CheckCount(std::size_t targets) const {
+    if (words_.size() > targets) throw Failure(failure::kSubscript);
+}
+
+void Arguments::ReadRaw(std::size_t index, Word& target) const {
+    if (index < words_.size()) target = words_[index];
+}
+
+void Arguments::Read(std::size_t index, Value& target) const {
+    if (Has(index)) target = EvalWord(words_[index]);
+}
+
+void Arguments::Read(std::size_t index, std::u16string& target) const {
+    if (Has(index)) target = EvalWord(words_[index]).Text();
+}
+
+void Arguments::Read(std::size_t index, std::int16_t& target) const {
+    if (Has(index)) target = ToInt16(ToDouble(EvalWord(words_[index])));
+}
+
+void Arguments::Read(std::size_t index, std::int32_t& target) const {
+    if (Has(index)) target = ToInt32(ToDouble(EvalWord(words_[index])));
+}
+
+void Arguments::Read(std::size_t index, float& target) const {
+    if (!Has(index)) return;
+    const auto single = static_cast<float>(ToDouble(EvalWord(words_[index])));
+    if (!std::isfinite(single)) throw Failure(failure::kOverflow);
+    target = single;
+}
+
+void Arguments::Read(std::size_t index, double& target) const {
+    if (Has(index)) target = ToDouble(EvalWord(words_[index]));
+}
+
+double ToDouble(const Value& value) {
+    const std::optional<double> number = value.Number();
+    if (!number) throw Failure(failure::kTypeMismatch);
+    return *number;
+}
+
+}  // namespace velm

@@ -1,0 +1,46 @@
+// Arithmetic words in postfix form. The form is made once from the text and kept with it; the words
+// in it are evaluated at each use.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+#include "core/word.h"
+
+namespace velm {
+
+enum class Operator : std::uint8_t {
+    kNone,
+    kAdd,
+    kSubtract,
+    kMultiply,
+    kDivide,
+    kPower,
+    kRemainder,
+    kQuotient,
+};
+
+// One position of a postfix form: a number, a word, or an operator.
+struct ExpressionStep {
+    Operator op = Operator::kNone;
+    double number = 0;
+    Word word;  // empty for numbers and operators
+};
+
+struct Expression {
+    std::vector<ExpressionStep> steps;
+};
+
+// The postfix form of an arithmetic text.
+std::shared_ptr<const Expression> PlanExpression(std::u16string_view text);
+
+// The value of a postfix form, rounded to 15 decimal places. A step that fails (a division by zero, an
+// overflow, a missing operand) leaves its left operand in place and takes one value from the stack.
+double Evaluate(const Expression& expression);
+
+// The value of an arithmetic text.
+double Calculate(std::u16string_view text);
+
+}  // namespace velm

@@ -1,0 +1,269 @@
+// もし: the one-line forms and the blocks.
+#include <algorithm>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "core/blocks.h"
+#include "core/conditions.h"
+#include "core/diagnostics.h"
+#include "core/statement.h"
+#include "core/temporary_sentence.h"
+#include "data/text.h"
+
+namespace velm {
+
+// A もし sentence cut into its parts.
+struct IfPlan {
+    int error = 0;  // 2 or 7, reported at each run
+    ConditionList condition;
+    bool inverted = false;  // でないなら
+    bool oneLine = false;
+    std::shared_ptr<TemporarySentence> thenPart;
+    std::shared_ptr<TemporarySentence> elsePart;
+};
+
+namespace {
+
+constexpr int kBadIf = 2;
+constexpr int kNoBlank = 7;
+constexpr int kNoIfEnd = 24;
+constexpr std::u16string_view kThen = u"なら";
+constexpr std::u16string_view kElse = u"でないなら";
+
+struct ComparisonWord {
+    std::u16string_view text;
+    int code;
+    bool anyMode;
+    bool cleared;
+};
+
+constexpr ComparisonWord kComparisonWords[] = {
+    {u"より上", comparison::kGreater, false, false},
+    {u"より下", comparison::kLess, false, false},
+    {u"以上", comparison::kGreaterOrEqual, false, false},
+    {u"以下", comparison::kLessOrEqual, false, false},
+    {u"のどれか", comparison::kEqual, true, false},
+    {u"", comparison::kEqual, false, true},
+    {u"でない", comparison::kEqual, false, true},
+};
+
+// 1-based positions in the text behind もし, as the rules tell them; 0 for none.
+std::size_t Position(std::u16string_view text, std::u16string_view needle, std::size_t from = 1) {
+    const std::size_t hit = text.find(needle, from - 1);
+    return hit == kNotFound ? 0 : hit + 1;
+}
+
+std::u16string_view From(std::u16string_view text, std::size_t position) {
+    return position > text.size() ? std::u16string_view() : text.substr(position - 1);
+}
+
+std::u16string_view Between(std::u16string_view text, std::size_t first, std::size_t behind) {
+    return first >= behind ? std::u16string_view() : From(text, first).substr(0, behind - first);
+}
+
+std::shared_ptr<TemporarySentence> SentenceOf(std::u16string_view text) {
+    return std::make_shared<TemporarySentence>(Word(text));
+}
+
+void CutParts(std::u16string_view text, std::size_t then, std::size_t n, IfPlan& plan) {
+    std::size_t nara = then - n;
+    const std::size_t other = Position(text, kElse);
+    if (other != 0 && other + 3 == nara) nara = Position(text, kThen, other + 4);
+    const std::size_t thenStart = nara + 3 + n;
+    std::u16string_view thenPart;
+    std::u16string_view elsePart;
+    if (other == 0) {
+        thenPart = From(text, thenStart);
+    } else if (nara == 0) {
+        elsePart = From(text, other + 6);
+    } else if (nara < other) {
+        thenPart = Between(text, thenStart, other);
+        elsePart = From(text, other + 6);
+    } else {
+        elsePart = Between(text, other + 6 + n, nara);
+        thenPart = From(text, thenStart);
+    }
+    plan.inverted = other != 0;
+    plan.oneLine = !thenPart.empty() || !elsePart.empty();
+    plan.thenPart = SentenceOf(thenPart);
+    plan.elsePart = SentenceOf(elsePart);
+}
+
+IfPlan PlanIf(std::u16string_view text) {
+    IfPlan plan;
+    std::u16string spaced(text);
+    std::replace(spaced.begin(), spaced.end(), kIdeographicBlank, u' ');
+    const std::size_t nara = Position(spaced, kThen);
+    if (nara == 0) {
+        plan.error = kBadIf;
+        return plan;
+    }
+    const std::size_t blank = nara == 1 ? kNotFound : spaced.rfind(u' ', nara - 2);
+    if (blank == kNotFound) {
+        plan.error = kNoBlank;
+        return plan;
+    }
+    const std::u16string_view word =
+        std::u16string_view(spaced).substr(blank + 1, nara - blank - 2);
+    for (const ComparisonWord& known : kComparisonWords) {
+        if (known.text != word) continue;
+        const std::u16string_view condition = std::u16string_view(spaced).substr(0, blank);
+        plan.condition = PlanConditionList(condition, known.code, known.anyMode);
+        CutParts(text, nara, known.cleared ? 0 : word.size(), plan);
+        return plan;
+    }
+    plan.error = kBadIf;
+    return plan;
+}
+
+const IfPlan& PlanOf(Statement& statement, std::u16string_view text) {
+    std::shared_ptr<const IfPlan>& plan = statement.Cache().condition;
+#ifdef VELM_NO_CACHES
+    plan.reset();
+#endif
+    if (!plan) plan = std::make_shared<IfPlan>(PlanIf(text));
+    return *plan;
+}
+
+// The walk over the lines of a block: from the head to its もし終わり.
+class IfWalk {
+  public:
+    IfWalk(bool condition, std::int32_t line, std::int32_t depth)
+        : program_(Programs[static_cast<std::size_t>(run.CurProgram)]),
+          running_(condition),
+          line_(line),
+          depth_(depth) {}
+
+    void Walk() {
+        while (true) {
+            if (!InProgram(line_)) {
+                RaiseError(kNoIfEnd, kIconInformation, u"", u"", -1);
+                return;
+            }
+            if (!Step()) break;
+            ++line_;
+            if (run.StopFlag || run.ReturnFlag || run.IfBreakFlag) break;
+        }
+        if (run.StopFlag) return;
+        run.IfBreakFlag = false;
+        while (InProgram(line_) && DepthOf(line_) != depth_ - 1) ++line_;
+        run.CurLine = line_ - 1;
+        run.JumpFlag = true;
+    }
+
+  private:
+    ProgramPtr program_;
+    bool running_;
+    std::int32_t line_;
+    std::int32_t depth_;
+
+    bool InProgram(std::int32_t line) const {
+        return static_cast<std::size_t>(line) < program_->Statements.size();
+    }
+    std::int32_t DepthOf(std::int32_t line) const {
+        return program_->Depth[static_cast<std::size_t>(line)];
+    }
+
+    // Looks at one line; false when the walk ends there.
+    bool Step() {
+        Statement& statement = *program_->Statements[static_cast<std::size_t>(line_)];
+        const std::int32_t depth = DepthOf(line_);
+        if (depth == depth_) {
+            if (statement.mark == LineMark::kIfEnd) return false;
+            if (statement.mark == LineMark::kElse) {
+                if (running_) return false;
+                running_ = true;
+                return true;
+            }
+            if (statement.mark == LineMark::kElseIf) {
+                if (!running_) RunElseIf(statement);
+                return false;
+            }
+        }
+        if (depth >= depth_ && running_) RunLine(statement, line_);
+        return true;
+    }
+
+    void RunElseIf(Statement& statement);
+};
+
+void RunPlan(const IfPlan& plan) {
+    if (plan.error != 0) {
+        RaiseError(plan.error, kIconWarning, u"", u"", -1);
+        return;
+    }
+    bool result = EvalConditionList(plan.condition);
+    if (plan.oneLine) {
+        const std::shared_ptr<TemporarySentence> part = result ? plan.thenPart : plan.elsePart;
+        part->Run();
+        return;
+    }
+    if (plan.inverted) result = !result;
+    const Program& program = CurrentProgram();
+    const std::int32_t next = run.CurLine + 1;
+    const std::int32_t depth = program.Depth[static_cast<std::size_t>(run.CurLine)];
+    const bool inside = static_cast<std::size_t>(next) < program.Depth.size() &&
+                        program.Depth[static_cast<std::size_t>(next)] == depth;
+    IfWalk(result, next, inside ? depth : depth + 1).Walk();
+}
+
+void IfWalk::RunElseIf(Statement& statement) {
+    const std::u16string_view source = statement.Source;
+    run.CurLine = line_;
+    PlanOf(statement, source.substr(4));
+    const std::shared_ptr<const IfPlan> held = statement.cache->condition;
+    RunPlan(*held);
+}
+
+}  // namespace
+
+void ExecIf(Statement& statement) {
+    PlanOf(statement, statement.WoArg);
+    const std::shared_ptr<const IfPlan> held = statement.cache->condition;
+    RunPlan(*held);
+}
+
+namespace {
+
+bool IsIfHead(std::u16string_view source) {
+    return source.starts_with(u"もし") && source.ends_with(kThen);
+}
+
+// A block that never ends stops the scan: what its enclosing blocks would have counted behind the next
+// unclosed head is not counted.
+void UncountUnclosed(Program& program, const std::vector<std::size_t>& heads) {
+    for (std::size_t j = 0; j + 1 < heads.size(); ++j) {
+        const std::size_t last = j + 2 < heads.size() ? heads[j + 2] : program.Depth.size();
+        const auto outer = static_cast<std::int32_t>(j + 1);
+        program.Depth[heads[j + 1]] -= outer;
+        for (std::size_t i = heads[j + 1] + 1; i < last; ++i) program.Depth[i] -= outer;
+    }
+}
+
+}  // namespace
+
+void ScanBlocks(Program& program) {
+    program.Depth.assign(program.Statements.size(), 0);
+    std::vector<std::size_t> open;
+    for (std::size_t i = 0; i < program.Statements.size(); ++i) {
+        const Statement& statement = *program.Statements[i];
+        program.Depth[i] = static_cast<std::int32_t>(open.size());
+        if (statement.mark == LineMark::kIfEnd) {
+            // Kept: a stray end ends the scan, and the blocks behind it have no depth.
+            if (open.empty()) {
+                program.Depth[i] = 1;
+                return;
+            }
+            open.pop_back();
+        } else if (IsIfHead(statement.Source)) {
+            open.push_back(i);
+        }
+    }
+    if (open.empty()) return;
+    UncountUnclosed(program, open);
+    RaiseError(kNoIfEnd, kIconInformation, u"", u"", static_cast<std::int32_t>(open.back() + 1));
+}
+
+}  // namespace velm

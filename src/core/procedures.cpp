@@ -1,0 +1,261 @@
+// Procedures: registration, binding of words, the walk over a body.
+#include "core/procedures.h"
+
+#include <algorithm>
+#include <memory>
+#include <optional>
+#include <utility>
+
+#include "core/diagnostics.h"
+#include "core/eval.h"
+#include "core/execute.h"
+#include "core/sentence.h"
+#include "core/stack_guard.h"
+#include "core/variables.h"
+#include "core/word_plan.h"
+#include "data/brackets.h"
+#include "data/failure.h"
+#include "data/numbers.h"
+#include "data/text.h"
+
+namespace velm {
+
+namespace {
+
+constexpr std::u16string_view kHead = u"手順は\u3000";
+constexpr int kBadParameters = 99;
+constexpr std::u16string_view kBadParametersText =
+    u"手順の（ ）で囲まれた必要な情報の指定が正しくありません。";
+constexpr std::u16string_view kNoParametersText =
+    u"オリジナル%2「%1」は、必要な情報(引数)が定義されていません。\\nオリジナル%2に情報を"
+    u"指定したい場合は、手順名の後に（ ）を使って必要な情報を指定してください。";
+constexpr int kNoParameters = 48;
+
+// One parameter of a head: ［name］particle, name, or ［name］.
+void ReadParameter(std::u16string_view item, ParameterSpec& spec) {
+    const std::size_t close = item.find(u'］');
+    if (close == kNotFound) {
+        spec.positional = true;
+        spec.particles.emplace_back(item);
+        spec.names.emplace_back(item);
+        return;
+    }
+    const std::size_t open = item.find(u'［');
+    const std::size_t from = open == kNotFound || open > close ? 0 : open + 1;
+    const std::u16string_view name = item.substr(from, close - from);
+    const std::u16string_view particle = item.substr(close + 1);
+    if (particle.empty()) {
+        spec.refused = spec.refused || spec.positional;
+        spec.positional = true;
+    }
+    spec.particles.emplace_back(particle.empty() ? name : particle);
+    spec.names.emplace_back(name);
+}
+
+std::shared_ptr<const ParameterSpec> ReadSpec(const xxCmdData& entry) {
+    auto spec = std::make_shared<ParameterSpec>();
+    for (const std::u16string_view item : Split(entry.Value.Text(), u",")) {
+        ReadParameter(item, *spec);
+    }
+    // One particle found is enough for a call in word form to bind by particle; each found one sets
+    // two fences.
+    spec->byParticle.Flags = 1;
+    spec->byParticle.Joshi = spec->particles;
+    return spec;
+}
+
+const ParameterSpec& SpecOf(xxCmdData& entry) {
+    if (!entry.Parameters) entry.Parameters = ReadSpec(entry);
+    return *entry.Parameters;
+}
+
+// A procedure without parameters that is given words doesn't run. Kept: its report is given the name of
+// the procedure for its buttons, and so is heard only if the name is a number.
+void RefuseWords(const xxCmdData& entry, std::u16string_view form) {
+    const std::optional<double> buttons = ParseNumber(entry.Name);
+    if (!buttons) return;
+    const std::u16string text = ReplaceAll(kNoParametersText, u"%2", form);
+    RaiseMessage(text, kNoParameters, ToInt32(*buttons), entry.Name, u"", -1);
+}
+
+// The words of one call. A word that was no variable has been cleared, which keeps it from copy-out.
+using CallWords = std::vector<Word>;
+
+// The value that a parameter gets: a variable's value, else what the word gives.
+Value BindWord(Word& word) {
+    if (word.IsEmpty()) return Value();
+    if (const Value* variable = FindVariable(word.AsName())) return *variable;
+    const Word held = std::exchange(word, Word());
+    return EvalWord(held);
+}
+
+CallWords CutPositional(std::u16string_view text) {
+    CallWords words;
+    if (text.empty()) return words;
+    const std::u16string normalised = NormaliseCommas(text);
+    for (const std::u16string_view piece : CutAtCommas(normalised)) words.emplace_back(Trim(piece));
+    return words;
+}
+
+void BindParameters(const ParameterSpec& spec, CallWords& words, Scope& locals) {
+    const std::size_t count = std::min(words.size(), spec.names.size());
+    for (std::size_t i = 0; i < count; ++i) {
+        Attempt([&] {
+            Value value = BindWord(words[i]);
+            const Word& name = spec.names[i];
+            if (!name.IsEmpty()) locals.Add(name.AsName(), name, std::move(value));
+        });
+    }
+    pendingFailure.Clear();
+}
+
+CallWords WordsOfSentence(const ParameterSpec& spec, Statement& statement) {
+    if (spec.positional) return CutPositional(statement.WoArg);
+    CallWords words(spec.particles.size());
+    const std::vector<std::u16string_view> particles(spec.particles.begin(), spec.particles.end());
+    Attempt([&] { SplitByParticles(statement, particles, words); });
+    return words;
+}
+
+CallWords WordsOfArguments(const ParameterSpec& spec, std::u16string_view arguments) {
+    if (spec.positional) return CutPositional(arguments);
+    CallWords words;
+    for (const std::u16string& word : SortByParticles(spec.byParticle, arguments)) {
+        words.emplace_back(Trim(word));
+    }
+    words.resize(spec.names.size());
+    return words;
+}
+
+// Writes each parameter's last value back to the variable that was passed.
+void CopyOut(const ParameterSpec& spec, const Scope& finished, const CallWords& words) {
+    const std::size_t count = std::min(words.size(), spec.names.size());
+    for (std::size_t i = 0; i < count; ++i) {
+        if (words[i].IsEmpty() || spec.names[i].IsEmpty()) continue;
+        const Value* value = const_cast<Scope&>(finished).Find(spec.names[i].AsName());
+        if (value == nullptr) continue;
+        const std::u16string_view target = BeforeNul(StripPair(words[i].Text(), u"「", u"」"));
+        if (target != value->Text()) SetVariable(words[i].Text(), *value);
+    }
+}
+
+// Calls a body with its own locals; the caller's are put back afterwards.
+void RunBody(const xxCmdData& entry, std::shared_ptr<Scope> locals) {
+    Locals = std::move(locals);
+    run.Response = Value();
+    RunEventBody(entry);
+}
+
+void CallWithWords(xxCmdData& entry, CallWords words) {
+    const std::shared_ptr<const ParameterSpec> spec = entry.Parameters;
+    auto locals = std::make_shared<Scope>();
+    const std::shared_ptr<Scope> saved = Locals;
+    BindParameters(*spec, words, *locals);
+    RunBody(entry, std::move(locals));
+    const std::shared_ptr<Scope> finished = Locals;
+    Locals = saved;
+    if (entry.Name.starts_with(u'!') && finished) CopyOut(*spec, *finished, words);
+}
+
+void CallWithoutWords(const xxCmdData& entry) {
+    const std::shared_ptr<Scope> saved = Locals;
+    RunBody(entry, nullptr);
+    Locals = saved;
+}
+
+bool HasRefusedSpec(xxCmdData& entry) {
+    if (!SpecOf(entry).refused) return false;
+    RaiseMessage(kBadParametersText, kBadParameters, kIconWarning, u"", u"", -1);
+    return true;
+}
+
+}  // namespace
+
+void RegisterProcedures(const Program& program, std::int32_t index) {
+    for (std::size_t i = 0; i < program.Statements.size(); ++i) {
+        const std::u16string_view source = program.Statements[i]->Source;
+        if (!source.starts_with(kHead)) continue;
+        std::u16string_view title = source.substr(kHead.size());
+        xxCmdData entry;
+        const std::size_t open = title.find(u'（');
+        if (open != kNotFound) {
+            entry.Value = Value(NormaliseCommas(StripPair(title.substr(open), u"（", u"）")));
+            title = title.substr(0, open);
+        }
+        entry.Name = title;
+        entry.FuncPnt.line = static_cast<std::intptr_t>(i + 1);
+        entry.Num = static_cast<std::int16_t>(index);
+        Symbol* key = Intern(title.starts_with(u'!') ? title.substr(1) : title);
+        Procedures.Remove(key);
+        Procedures.Add(key, std::move(entry));
+    }
+}
+
+bool CallProcedureAsCommand(Symbol* name, bool withSource, Statement& statement) {
+    xxCmdData* entry = Procedures.Find(name);
+    if (entry == nullptr) return false;
+    const NestingGuard guard;
+    if (guard.Exhausted()) return true;
+    if (entry->Value.IsEmpty()) {
+        const bool hasWords = withSource && Contains(statement.Marked, {&kMarker, 1});
+        if (hasWords) {
+            RefuseWords(*entry, u"命令");
+        } else {
+            CallWithoutWords(*entry);
+        }
+    } else if (!HasRefusedSpec(*entry)) {
+        CallWithWords(*entry, WordsOfSentence(SpecOf(*entry), statement));
+    }
+    return true;
+}
+
+bool CallProcedureAsWord(Symbol* name, std::u16string_view arguments) {
+    xxCmdData* entry = Procedures.Find(name);
+    if (entry == nullptr) return false;
+    const NestingGuard guard;
+    if (guard.Exhausted()) return true;
+    if (entry->Value.IsEmpty()) {
+        if (arguments.empty()) {
+            CallWithoutWords(*entry);
+        } else {
+            RefuseWords(*entry, u"関数");
+        }
+    } else if (!HasRefusedSpec(*entry)) {
+        CallWithWords(*entry, WordsOfArguments(SpecOf(*entry), arguments));
+    }
+    return true;
+}
+
+bool CallProcedureByName(std::u16string_view name) {
+    Statement blank;
+    return CallProcedureAsCommand(FindSymbol(name), false, blank);
+}
+
+bool CallEventProcedure(std::u16string_view name) {
+    const xxCmdData* entry = Procedures.Find(name);
+    if (entry == nullptr) return false;
+    RunEventBody(*entry);
+    return true;
+}
+
+void RunEventBody(const xxCmdData& entry) {
+    const std::int32_t line = run.CurLine;
+    const std::int32_t program = run.CurProgram;
+    const ErrorModes errorMode = run.ErrorMode;
+    run.CurProgram = entry.Num;
+    const ProgramPtr body = Programs[static_cast<std::size_t>(entry.Num)];
+    auto next = static_cast<std::int32_t>(entry.FuncPnt.line);
+    while (!run.StopFlag && static_cast<std::size_t>(next) < body->Statements.size()) {
+        Statement& statement = *body->Statements[static_cast<std::size_t>(next)];
+        if (statement.Kind == StatementKind::kProcedureEnd || run.ReturnFlag) break;
+        RunLine(statement, next);
+        ++next;
+    }
+    run.ReturnFlag = false;
+    run.ErrorMode = errorMode;
+    if (run.StopFlag) return;  // the line stays, so that the place of the stop can be told
+    run.CurLine = line;
+    run.CurProgram = program;
+}
+
+}  // namespace velm

@@ -1,0 +1,40 @@
+// Procedures: the commands and functions that a script defines. Called from a sentence a procedure acts
+// as a command, called from a word as a function whose value is Response. Events enter here too.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/names.h"
+#include "core/run_state.h"
+#include "core/word.h"
+
+namespace velm {
+
+// The parameter list of a procedure, read from its head.
+struct ParameterSpec {
+    bool positional = false;
+    bool refused = false;                   // two bracketed parameters without a particle
+    std::vector<std::u16string> particles;  // one a parameter; unless positional
+    std::vector<Word> names;
+    xxCmdData byParticle;  // Joshi and Flags, for calls in word form
+};
+
+// Enters the procedures of a program. A later definition of a name replaces the earlier one.
+void RegisterProcedures(const Program& program, std::int32_t index);
+
+// Calls the procedure of a name from a sentence. False only when there is no such procedure.
+// withSource: the sentence holds words for it (its verb is the name), else it is the name itself.
+bool CallProcedureAsCommand(Symbol* name, bool withSource, Statement& statement);
+// Calls it from a word; its value is then in run.Response.
+bool CallProcedureAsWord(Symbol* name, std::u16string_view arguments);
+// Runs a procedure's body with no argument binding, for events. False when there is no such procedure.
+bool CallEventProcedure(std::u16string_view name);
+// Calls the procedure of a name without words, as a sentence would.
+bool CallProcedureByName(std::u16string_view name);
+
+// Where the object system notes the sender of an event while a body runs; see RunEventBody.
+void RunEventBody(const xxCmdData& entry);
+
+}  // namespace velm

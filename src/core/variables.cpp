@@ -1,0 +1,245 @@
+// Storing and reading variables.
+#include "core/variables.h"
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+
+#include "core/diagnostics.h"
+#include "core/eval.h"
+#include "core/word_plan.h"
+#include "data/brackets.h"
+#include "data/failure.h"
+#include "data/lists.h"
+#include "data/numbers.h"
+#include "data/text.h"
+
+namespace velm {
+
+std::shared_ptr<Scope> Locals;
+
+namespace {
+
+constexpr int kUnclosedBracket = 23;
+constexpr int kIndexBelowZero = 37;
+constexpr int kNumberTooLarge = 11;
+// A table isn't stretched by more than this at once: an index of a billion is a mistake, and would
+// take the machine's memory with it.
+constexpr std::int64_t kLargestIndex = 20'000'000;
+
+// The place that an index means, from 0; -1 stands for the whole.
+struct Index {
+    bool isKey = false;
+    std::u16string key;
+    bool hasRow = false;
+    std::int64_t row = -1;
+    std::int64_t column = -1;
+};
+
+std::int64_t PositionOf(const Value& value) {
+    const std::optional<double> number = value.Number();
+    return number ? std::int64_t{ToInt32(*number)} - 1 : 0;
+}
+
+Index EvalIndex(const std::vector<Word>& subscript) {
+    Index index;
+    const Value first = subscript.empty() ? Value() : EvalWord(subscript[0]);
+    if (!first.IsNumeric()) {
+        index.isKey = true;
+        index.key = first.Text();
+        return index;
+    }
+    if (subscript.size() < 2) {
+        index.column = PositionOf(first);
+        return index;
+    }
+    const Value second = EvalWord(subscript[1]);
+    index.row = PositionOf(first);
+    index.hasRow = index.row != -1;
+    index.column = PositionOf(second);
+    return index;
+}
+
+bool CheckIndex(const Index& index, std::u16string_view name, bool forStore) {
+    if (index.isKey) return true;
+    if (index.row < -1 || index.column < -1) {
+        RaiseError(kIndexBelowZero, 48, name, u"", -1);
+        return false;
+    }
+    if (forStore && std::max(index.row, index.column) > kLargestIndex) {
+        RaiseError(kNumberTooLarge, 48, name, u"", -1);
+        return false;
+    }
+    return true;
+}
+
+Value Escaped(const Value& value) {
+    double number = 0;
+    if (value.IsPlainNumber(number)) return value;
+    std::u16string text = EscapeItem(value.Text());
+    return text.size() == value.Text().size() ? value : Value(std::move(text));
+}
+
+Value Unescaped(const Value& cell) {
+    double number = 0;
+    if (cell.IsPlainNumber(number) || cell.IsEmpty()) return cell;
+    if (!Contains(cell.Text(), u"{") || cell.IsNumeric()) return cell;
+    return Value(UnescapeItem(cell.Text()));
+}
+
+void StoreAt(Value& table, const Index& index, const Value& value) {
+    const auto row = static_cast<std::size_t>(index.row);
+    const auto column = static_cast<std::size_t>(index.column);
+    if (index.isKey) {
+        table.SetEntry(index.key, value);
+    } else if (index.hasRow && index.column < 0) {
+        table.SetRow(row, value);
+    } else if (index.hasRow) {
+        table.SetRowCell(row, column, Escaped(value));
+    } else if (index.column >= 0) {
+        table.SetCell(column, Escaped(value));
+    } else {
+        table = value;
+    }
+}
+
+// The variable of a name, to be changed; nullptr when there is none.
+Value* FindForChange(const Symbol* symbol) {
+    if (Locals && Locals->Find(symbol) != nullptr) return LocalsForChange().Find(symbol);
+    xxCmdData* entry = symbol->Entry(TableKind::kGlobals);
+    return entry == nullptr ? nullptr : &entry->Value;
+}
+
+void Store(const AssignmentTarget& target, Value value) {
+    if (target.symbol == nullptr) return;
+    if (Value* place = FindForChange(target.symbol)) {
+        *place = std::move(value);
+        return;
+    }
+    xxCmdData entry;
+    entry.Name = target.name.Text();
+    entry.Value = std::move(value);
+    Globals.Add(target.symbol, std::move(entry));
+}
+
+void StoreIndexed(const AssignmentTarget& target, Value value) {
+    if (target.symbol == nullptr) return;
+    const Value* variable = FindVariable(target.symbol);
+    // The text that is changed is that of before the index was evaluated.
+    Value table = variable == nullptr ? Value() : *variable;
+    const Index index = EvalIndex(target.subscript);
+    if (!CheckIndex(index, target.name, true)) return;
+    Value* place = FindForChange(target.symbol);
+    if (place != nullptr && place->SharesRecordWith(table)) *place = Value();
+    StoreAt(table, index, value);
+    // Kept: a table that was emptied to nothing stores the plain value.
+    if (table.IsEmpty()) table = std::move(value);
+    Store(target, std::move(table));
+}
+
+}  // namespace
+
+bool Scope::Add(Symbol* symbol, std::u16string_view name, Value value) {
+    if (symbol == nullptr || Find(symbol) != nullptr) return false;
+    locals_.push_back({symbol, std::u16string(name), std::move(value)});
+    return true;
+}
+
+Scope& LocalsForChange() {
+    if (!Locals) {
+        Locals = std::make_shared<Scope>();
+    } else if (Locals.use_count() > 1) {
+        Locals = std::make_shared<Scope>(*Locals);
+    }
+    return *Locals;
+}
+
+std::shared_ptr<const AssignmentTarget> PlanTarget(std::u16string_view name) {
+    auto target = std::make_shared<AssignmentTarget>();
+    std::size_t open = name.find(u'（');
+    if (open == kNotFound) open = name.find(u'(');
+    std::u16string_view bare = name;
+    if (open != kNotFound) {
+        std::size_t close = name.rfind(u'）');
+        if (close == kNotFound) close = name.rfind(u')');
+        if (close == kNotFound || close < open) {
+            target->unclosed = true;
+        } else {
+            target->indexed = true;
+            target->subscript = CutWords(name.substr(open + 1, close - open - 1));
+            bare = name.substr(0, open);
+        }
+    }
+    target->name = Word(bare);
+    if (!bare.empty()) target->symbol = target->name.AsName();
+    return target;
+}
+
+void SetVariable(const AssignmentTarget& target, Value value) {
+    if (target.unclosed) {
+        RaiseError(kUnclosedBracket, 48, target.name, u"", -1);
+    } else if (target.indexed) {
+        StoreIndexed(target, std::move(value));
+    } else {
+        Store(target, std::move(value));
+    }
+}
+
+void SetVariable(std::u16string_view name, Value value) {
+    SetVariable(*PlanTarget(name), std::move(value));
+}
+
+const Value* FindVariable(const Symbol* symbol) {
+    if (symbol == nullptr) return nullptr;
+    if (Locals) {
+        if (const Value* local = Locals->Find(symbol)) return local;
+    }
+    const xxCmdData* entry = symbol->Entry(TableKind::kGlobals);
+    return entry == nullptr ? nullptr : &entry->Value;
+}
+
+Value ReadIndexed(const Value& variable, std::u16string_view name,
+                  const std::vector<Word>& subscript) {
+    const Value table = variable;  // evaluating the index may change the variable
+    const Index index = EvalIndex(subscript);
+    if (!CheckIndex(index, name, false)) return Value();
+    if (index.isKey) return table.Entry(index.key);
+    const auto row = static_cast<std::size_t>(index.row);
+    const auto column = static_cast<std::size_t>(index.column);
+    if (index.column >= 0) {
+        return Unescaped(index.hasRow ? table.RowCell(row, column) : table.Cell(column));
+    }
+    const Value whole = index.hasRow ? table.Row(row) : table;
+    double number = 0;
+    if (whole.IsPlainNumber(number)) return whole;
+    return Unescaped(Value(NormaliseCommas(whole.Text())));
+}
+
+Value GetVariable(std::u16string_view name, bool& found, std::u16string_view subscript) {
+    const Value* variable = name.empty() ? nullptr : FindVariable(FindSymbol(name));
+    found = variable != nullptr;
+    if (!found) return Value();
+    return subscript.empty() ? *variable : ReadIndexed(*variable, name, CutWords(subscript));
+}
+
+void AssignWord(const AssignmentTarget& target, Word& word) {
+    const Word held = word;
+    const bool plain = !target.indexed && !target.unclosed && !held.IsEmpty();
+    if (plain && held.Plan().kind == PlanKind::kJoin) {
+        const WordPlan& plan = held.Plan();
+        const Word& left = plan.parts[0];
+        if (!left.IsEmpty() && left.Plan().symbol == target.symbol &&
+            left.Plan().kind == PlanKind::kName) {
+            Value text = EvalWord(left);
+            const Value tail = EvalWord(plan.parts[1]);
+            Value* place = FindForChange(target.symbol);
+            if (place != nullptr && place->SharesRecordWith(text)) *place = Value();
+            text.Append(tail);
+            Store(target, std::move(text));
+            return;
+        }
+    }
+    SetVariable(target, EvalWord(word));
+}
+
+}  // namespace velm

@@ -1,0 +1,74 @@
+// Variables: named values, created by the first store, global unless they were declared local. A name
+// may carry an index in brackets: a position in a list or table, or a key of a dictionary.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/names.h"
+#include "core/word.h"
+#include "data/value.h"
+
+namespace velm {
+
+// The local variables of one call. Callers that keep a scope for later share it; a store into a shared
+// scope makes a copy first, so that what was kept is as it was.
+class Scope {
+  public:
+    struct Local {
+        Symbol* symbol;
+        std::u16string name;
+        Value value;
+    };
+
+    Value* Find(const Symbol* symbol) {
+        for (Local& local : locals_) {
+            if (local.symbol == symbol) return &local.value;
+        }
+        return nullptr;
+    }
+    // Adds a variable; one of that name that is there already stays as it is, and false is returned.
+    bool Add(Symbol* symbol, std::u16string_view name, Value value);
+    const std::vector<Local>& InOrder() const { return locals_; }
+
+  private:
+    std::vector<Local> locals_;
+};
+
+// The local variables in force; null when there are none.
+extern std::shared_ptr<Scope> Locals;
+
+// The locals, made if there are none, for a change: a scope that somebody keeps is copied.
+Scope& LocalsForChange();
+
+// The target of an assignment, cut into its parts once.
+struct AssignmentTarget {
+    Word name;
+    Symbol* symbol = nullptr;
+    bool indexed = false;
+    bool unclosed = false;  // an opening bracket without a closing one
+    std::vector<Word> subscript;
+};
+
+std::shared_ptr<const AssignmentTarget> PlanTarget(std::u16string_view name);
+
+// Stores a value under a name, which may carry an index. Reports errors 23 and 37.
+void SetVariable(std::u16string_view name, Value value);
+void SetVariable(const AssignmentTarget& target, Value value);
+
+// The value of a variable; nullptr when there is none of that name. The pointer holds until the next
+// store.
+const Value* FindVariable(const Symbol* symbol);
+
+// The value of a variable, or what an index within it gives. found tells whether the variable exists.
+Value GetVariable(std::u16string_view name, bool& found, std::u16string_view subscript);
+// The indexed value of a variable that was found. Reports error 37.
+Value ReadIndexed(const Value& variable, std::u16string_view name,
+                  const std::vector<Word>& subscript);
+
+// Assigns what a word gives; a text that grows at its end grows in place.
+void AssignWord(const AssignmentTarget& target, Word& word);
+
+}  // namespace velm

@@ -1,0 +1,37 @@
+// Words and what is kept with their text.
+#include "core/word.h"
+
+#include "core/names.h"
+#include "core/word_plan.h"
+
+namespace velm {
+
+namespace {
+const std::u16string kEmptyText;
+}  // namespace
+
+Word::Word(std::u16string_view text) {
+    if (text.empty()) return;
+    body_ = new Body;
+    body_->text = text;
+}
+
+void Word::Destroy(Body* body) noexcept { delete body; }
+
+const std::u16string& Word::Text() const { return body_ == nullptr ? kEmptyText : body_->text; }
+
+const WordPlan& Word::Plan() const {
+#ifdef VELM_NO_CACHES
+    body_->plan = PlanWord(body_->text);
+#else
+    if (body_->plan == nullptr) body_->plan = PlanWord(body_->text);
+#endif
+    return *body_->plan;
+}
+
+Symbol* Word::AsName() const {
+    if (body_->symbol == nullptr) body_->symbol = Intern(body_->text);
+    return body_->symbol;
+}
+
+}  // namespace velm

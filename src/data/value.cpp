@@ -1,0 +1,321 @@
+// Values: text with hidden caches of number, cells, rows and entries.
+#include "data/value.h"
+
+#include "data/lists.h"
+#include "data/numbers.h"
+#include "data/text.h"
+#include "data/value_forms.h"
+
+namespace velm {
+
+namespace {
+
+#ifdef VELM_NO_CACHES
+constexpr bool kCaches = false;
+#else
+constexpr bool kCaches = true;
+#endif
+
+const std::u16string kEmptyText;
+
+ValueForms& FormsOf(ValueRecord& record) {
+    if (!record.forms) record.forms = std::make_unique<ValueForms>();
+    return *record.forms;
+}
+
+// Brings the text of a record up to date with the form that is its truth.
+void UpdateText(ValueRecord& record) {
+    if (record.textValid) return;
+    record.text.clear();
+    switch (record.truth) {
+        case TruthForm::kCells: JoinCells(*record.forms->cells, record.text); break;
+        case TruthForm::kRows: JoinRows(*record.forms->rows, record.text); break;
+        case TruthForm::kEntries: JoinEntries(*record.forms->entries, record.text); break;
+        case TruthForm::kText: break;
+    }
+    record.textValid = true;
+}
+
+std::optional<double> NumberOfRecord(ValueRecord& record) {
+    if (record.numberState == NumberState::kUnknown) {
+        UpdateText(record);
+        const std::optional<double> number = ParseNumber(record.text);
+        record.numberState = number ? NumberState::kNumber : NumberState::kNone;
+        record.number = number.value_or(0);
+    }
+    if (record.numberState == NumberState::kNone) return std::nullopt;
+    return record.number;
+}
+
+// A cell or row as a value of its own: a plain number stays one, so that tables of numbers are
+// read and stored without a text for each.
+Value ValueOfPiece(std::u16string_view piece) {
+    double number = 0;
+    if (IsCanonicalNumber(piece, number)) return Value::OfNumber(number);
+    return Value(piece);
+}
+
+}  // namespace
+
+ValueRecord Value::kNumberRecord;
+
+Value::Value(std::u16string text) {
+    if (text.empty()) return;
+    record_ = new ValueRecord;
+    record_->text = std::move(text);
+}
+
+Value Value::OfNumber(double number) {
+    Value value;
+    value.number_ = RoundToText(number) + 0.0;  // + 0.0 turns -0 into 0
+    value.record_ = &kNumberRecord;
+    value.Retain();
+    if (!kCaches) {
+        value.MakeText();
+        value.record_->numberState = NumberState::kUnknown;
+    }
+    return value;
+}
+
+void Value::Destroy(ValueRecord* record) noexcept { delete record; }
+
+const std::u16string& Value::MakeText() const {
+    auto* record = new ValueRecord;
+    record->text = FormatNumber(number_);
+    record->number = number_;
+    record->numberState = NumberState::kNumber;
+    const_cast<Value*>(this)->Release();
+    record_ = record;
+    return record->text;
+}
+
+const std::u16string& Value::Text() const {
+    if (record_ == nullptr) return kEmptyText;
+    if (record_ == &kNumberRecord) return MakeText();
+    UpdateText(*record_);
+    return record_->text;
+}
+
+bool Value::IsEmpty() const {
+    if (record_ == nullptr) return true;
+    if (record_ == &kNumberRecord) return false;
+    return Text().empty();
+}
+
+std::optional<double> Value::Number() const {
+    if (record_ == &kNumberRecord) return number_;
+    if (record_ == nullptr) return std::nullopt;
+    const std::optional<double> number = NumberOfRecord(*record_);
+    if (!kCaches) record_->numberState = NumberState::kUnknown;
+    return number;
+}
+
+double Value::NumberOrZero() const { return Number().value_or(0); }
+
+bool Value::SameText(const Value& other) const {
+    if (record_ == &kNumberRecord && other.record_ == &kNumberRecord) {
+        return number_ == other.number_;
+    }
+    return Text() == other.Text();
+}
+
+void Value::AppendTo(std::u16string& out) const {
+    if (record_ == &kNumberRecord) {
+        AppendNumber(out, number_);
+    } else if (record_ != nullptr) {
+        out.append(Text());
+    }
+}
+
+// The record, made where there is none yet.
+ValueRecord& Value::Record() const {
+    if (record_ == nullptr) {
+        record_ = new ValueRecord;
+    } else if (record_ == &kNumberRecord) {
+        MakeText();
+    }
+    return *record_;
+}
+
+// The record, with no other owner: for a change.
+ValueRecord& Value::OwnRecord() {
+    ValueRecord& shared = Record();
+    if (shared.owners == 1) return shared;
+    auto* own = new ValueRecord;
+    if (shared.textValid) {
+        own->text = shared.text;
+    } else {
+        CopyTruth(shared, *own);
+    }
+    --shared.owners;
+    record_ = own;
+    return *own;
+}
+
+void Value::Append(const Value& tail) {
+    if (tail.IsEmpty()) return;
+    if (IsEmpty()) {
+        *this = tail;
+        Text();
+        return;
+    }
+    const Value held = tail;  // the tail may be this value itself
+    ValueRecord& record = OwnRecord();
+    UpdateText(record);
+    held.AppendTo(record.text);
+    Changed(TruthForm::kText);
+}
+
+// Told after a change: the form that was changed is the truth, the others are dropped.
+void Value::Changed(TruthForm truth) {
+    ValueRecord& record = *record_;
+    record.numberState = NumberState::kUnknown;
+    record.truth = truth;
+    record.textValid = truth == TruthForm::kText;
+    if (!record.forms) return;
+    if (truth != TruthForm::kCells) record.forms->cells.reset();
+    if (truth != TruthForm::kRows) record.forms->rows.reset();
+    if (truth != TruthForm::kEntries) record.forms->entries.reset();
+    if (!kCaches) DropForms();
+}
+
+void Value::DropForms() const {
+    if (record_ == nullptr || record_ == &kNumberRecord) return;
+    UpdateText(*record_);
+    record_->truth = TruthForm::kText;
+    record_->forms.reset();
+}
+
+CellsForm& Value::Cells() const {
+    ValueRecord& record = Record();
+    ValueForms& forms = FormsOf(record);
+    if (!forms.cells) {
+        UpdateText(record);
+        forms.cells = std::make_unique<CellsForm>();
+        FindCells(record.text, *forms.cells);
+    }
+    return *forms.cells;
+}
+
+RowsForm& Value::Rows() const {
+    ValueRecord& record = Record();
+    ValueForms& forms = FormsOf(record);
+    if (!forms.rows) {
+        UpdateText(record);
+        forms.rows = std::make_unique<RowsForm>();
+        for (const std::u16string_view line : SplitLines(record.text)) {
+            forms.rows->rows.emplace_back(line);
+        }
+    }
+    return *forms.rows;
+}
+
+EntriesForm& Value::Entries() const {
+    ValueRecord& record = Record();
+    ValueForms& forms = FormsOf(record);
+    if (!forms.entries) {
+        UpdateText(record);
+        forms.entries = std::make_unique<EntriesForm>();
+        FindEntries(record.text, *forms.entries);
+    }
+    return *forms.entries;
+}
+
+Value Value::Cell(std::size_t column) const {
+    const CellsForm& form = Cells();
+    Value cell;
+    if (form.unpacked) {
+        if (column < form.cells.size()) cell = form.cells[column];
+    } else {
+        cell = ValueOfPiece(CellAt(record_->text, form, column));
+    }
+    if (!kCaches) DropForms();
+    return cell;
+}
+
+void Value::SetCell(std::size_t column, Value item) {
+    OwnRecord();
+    CellsForm& form = Cells();
+    if (!form.unpacked) {
+        form.cells.reserve(form.starts.size());
+        for (std::size_t i = 0; i < form.starts.size(); ++i) {
+            form.cells.push_back(ValueOfPiece(CellAt(record_->text, form, i)));
+        }
+        form.unpacked = true;
+        form.starts = {};
+    }
+    if (column >= form.cells.size()) form.cells.resize(column + 1);
+    form.cells[column] = std::move(item);
+    Changed(TruthForm::kCells);
+}
+
+std::size_t Value::CellCount() const {
+    const std::size_t count = Cells().Count();
+    if (!kCaches) DropForms();
+    return count;
+}
+
+Value Value::Row(std::size_t row) const {
+    const RowsForm& form = Rows();
+    Value line = row < form.rows.size() ? form.rows[row] : Value();
+    if (!kCaches) DropForms();
+    return line;
+}
+
+Value Value::RowCell(std::size_t row, std::size_t column) const {
+    const RowsForm& form = Rows();
+    Value cell = row < form.rows.size() ? form.rows[row].Cell(column) : Value();
+    if (!kCaches) DropForms();
+    return cell;
+}
+
+void Value::SetRow(std::size_t row, Value line) {
+    OwnRecord();
+    RowsForm& form = Rows();
+    const bool oneLine = !Contains(line.Text(), kCrLf);
+    if (row >= form.rows.size()) form.rows.resize(row + 1);
+    form.rows[row] = std::move(line);
+    Changed(TruthForm::kRows);
+    if (!oneLine) DropForms();
+}
+
+void Value::SetRowCell(std::size_t row, std::size_t column, Value item) {
+    OwnRecord();
+    RowsForm& form = Rows();
+    if (row >= form.rows.size()) form.rows.resize(row + 1);
+    form.rows[row].SetCell(column, std::move(item));
+    Changed(TruthForm::kRows);
+}
+
+std::size_t Value::RowCount() const {
+    const std::size_t count = Rows().rows.size();
+    if (!kCaches) DropForms();
+    return count;
+}
+
+Value Value::Entry(std::u16string_view key) const {
+    if (IsPlainKey(key)) {
+        const EntriesForm& form = Entries();
+        if (form.usable) {
+            Value entry = EntryAt(form, key);
+            if (!kCaches) DropForms();
+            return entry;
+        }
+    }
+    return Value(GetKey(Text(), key));
+}
+
+void Value::SetEntry(std::u16string_view key, const Value& value) {
+    OwnRecord();
+    if (IsPlainKey(key) && !key.empty()) {
+        EntriesForm& form = Entries();
+        if (form.usable) {
+            StoreEntry(form, key, value);
+            Changed(TruthForm::kEntries);
+            return;
+        }
+    }
+    *this = Value(SetKey(Text(), key, value.Text()));
+}
+
+}  // namespace velm

@@ -1,0 +1,135 @@
+// The value of the language. What a script sees is always text. Behind the text a value may also
+// hold its number and its list or dictionary form; these are caches that no script can detect:
+//
+//   number   A computed number is kept as a double, and gets its text only when somebody asks for
+//            it. The double is then exactly the one that the text reads back as (15 digits).
+//   cells    The text cut at its commas, for access to an item by number.
+//   rows     The text cut at its CR LF; each row is again a value with cells of its own.
+//   entries  The lines of key=value with an index of the keys.
+//
+// A form is made on the first access by index, and kept when a cell is stored: the text is then out
+// of date until it is asked for. So access by index costs the same however large the table is. All
+// of it lies in a shared record with a count of its owners: copying a value is copying a pointer,
+// and a store into a record with several owners copies the record first.
+//
+// One thread only. With VELM_NO_CACHES every form is dropped after its use.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "data/value_record.h"
+
+namespace velm {
+
+class Value {
+  public:
+    // The empty text.
+    Value() noexcept = default;
+    explicit Value(std::u16string text);
+    explicit Value(std::u16string_view text) : Value(std::u16string(text)) {}
+    explicit Value(const char16_t* text) : Value(std::u16string(text)) {}
+    // A number; its text is the number with at most 15 significant digits.
+    static Value OfNumber(double number);
+    static Value OfInteger(std::int64_t number) { return OfNumber(static_cast<double>(number)); }
+    static Value OfBool(bool flag) { return OfNumber(flag ? 1 : 0); }
+
+    Value(const Value& other) noexcept : record_(other.record_), number_(other.number_) {
+        Retain();
+    }
+    Value(Value&& other) noexcept : record_(other.record_), number_(other.number_) {
+        other.record_ = nullptr;
+    }
+    Value& operator=(const Value& other) noexcept {
+        Value copy(other);
+        Swap(copy);
+        return *this;
+    }
+    Value& operator=(Value&& other) noexcept {
+        if (this != &other) {
+            Release();
+            record_ = std::exchange(other.record_, nullptr);
+            number_ = other.number_;
+        }
+        return *this;
+    }
+    ~Value() { Release(); }
+    void Swap(Value& other) noexcept {
+        std::swap(record_, other.record_);
+        std::swap(number_, other.number_);
+    }
+
+    // The text. The reference holds until this value changes or dies.
+    const std::u16string& Text() const;
+    bool IsEmpty() const;
+    // The number that the text is, by the numeric test; nothing when it is no number.
+    std::optional<double> Number() const;
+    bool IsNumeric() const { return Number().has_value(); }
+    // The plain conversion: 0 for a text that is no number.
+    double NumberOrZero() const;
+    // True, with the number, when this value is held as a number and nobody asked for text yet.
+    bool IsPlainNumber(double& number) const {
+        number = number_;
+        return record_ == &kNumberRecord;
+    }
+    bool SameText(const Value& other) const;
+    // Adds the text to out, without keeping a text for a number that has none yet.
+    void AppendTo(std::u16string& out) const;
+
+    // Appends in place when this value is the only owner of its text.
+    void Append(const Value& tail);
+    // Whether both are the same record, so that giving up the one makes the other sole owner.
+    bool SharesRecordWith(const Value& other) const {
+        return record_ != nullptr && record_ != &kNumberRecord && record_ == other.record_;
+    }
+
+    // Items by number, from 0, of the text cut at "," "、" "，"; the raw item, still escaped. An item
+    // past the end is the empty text.
+    Value Cell(std::size_t column) const;
+    // Replaces an item, which must hold no comma; the row is extended when it is too short. The other
+    // commas of the text become ",".
+    void SetCell(std::size_t column, Value item);
+    std::size_t CellCount() const;
+
+    // Rows by number, from 0, of the text cut at CR LF. A row past the end is the empty text.
+    Value Row(std::size_t row) const;
+    Value RowCell(std::size_t row, std::size_t column) const;
+    // Replaces a row by a text with no CR LF, or an item of a row; missing rows are added.
+    void SetRow(std::size_t row, Value line);
+    void SetRowCell(std::size_t row, std::size_t column, Value item);
+    std::size_t RowCount() const;
+
+    // The value of a key in lines of key=value, empty if absent, and storing one, as GetKey and SetKey
+    // of data/lists.h do it.
+    Value Entry(std::u16string_view key) const;
+    void SetEntry(std::u16string_view key, const Value& value);
+
+  private:
+    static ValueRecord kNumberRecord;  // stands for "a number whose text nobody asked for"
+
+    void Retain() const noexcept {
+        if (record_ != nullptr) ++record_->owners;
+    }
+    void Release() noexcept {
+        if (record_ != nullptr && --record_->owners == 0) Destroy(record_);
+        record_ = nullptr;
+    }
+    static void Destroy(ValueRecord* record) noexcept;
+    const std::u16string& MakeText() const;
+    ValueRecord& Record() const;
+    ValueRecord& OwnRecord();
+    CellsForm& Cells() const;
+    RowsForm& Rows() const;
+    EntriesForm& Entries() const;
+    void Changed(TruthForm truth);
+    void DropForms() const;
+
+    mutable ValueRecord* record_ = nullptr;
+    double number_ = 0;
+};
+
+}  // namespace velm

@@ -1,0 +1,223 @@
+// See file_tree.h. Below the two paths that a caller names, names are taken exactly: a folder may hold
+// two that differ in letter case alone.
+#include "platform/file_tree.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <climits>
+#include <memory>
+#include <vector>
+
+#include "data/failure.h"
+#include "platform/files.h"
+#include "platform/posix/native_tree.h"
+#include "platform/posix/native_files.h"
+
+namespace velm {
+
+namespace {
+
+using native::Deed;
+using native::Fail;
+
+std::vector<std::string> EntriesOf(const std::string& folder) {
+    std::vector<std::string> names;
+    const std::unique_ptr<DIR, int (*)(DIR*)> stream(opendir(folder.c_str()), closedir);
+    if (!stream) Fail(errno, folder, Deed::kRead);
+    while (const dirent* entry = readdir(stream.get())) {
+        const std::string_view name = entry->d_name;
+        if (name != "." && name != "..") names.emplace_back(name);
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+bool IsSame(const struct stat& left, const struct stat& right) {
+    return left.st_dev == right.st_dev && left.st_ino == right.st_ino;
+}
+
+struct stat LinkStat(const std::string& path) {
+    struct stat info;
+    if (lstat(path.c_str(), &info) != 0) Fail(errno, path, Deed::kRead);
+    return info;
+}
+
+[[noreturn]] void FailOntoItself() {
+    throw Failure(failure::kPathFileAccess, u"送り元と送り先が同じか、送り先が送り元の中にあります。");
+}
+
+// Throws when the target is the folder itself or lies in it.
+void CheckOutside(const struct stat& folder, std::string target) {
+    struct stat info;
+    while (stat(target.c_str(), &info) != 0) {
+        const std::string parent = native::Folder(target);
+        if (parent == target) return;
+        target = parent;
+    }
+    for (dev_t device = 0; info.st_ino != 0;) {
+        if (IsSame(info, folder)) FailOntoItself();
+        const ino_t before = info.st_ino;
+        device = info.st_dev;
+        target = native::Join(target, "..");
+        if (stat(target.c_str(), &info) != 0) return;
+        if (info.st_ino == before && info.st_dev == device) return;
+    }
+}
+
+bool GoesOn(const TreeQuestions& questions, const std::string& path) {
+    return !questions.goOn || questions.goOn(ScriptPath(path));
+}
+
+// Whether the entry may be put where something may stand already. What stands there must be of the same
+// kind, file or folder.
+bool MayPut(const std::string& to, bool isFolder, const TreeQuestions& questions) {
+    struct stat info;
+    if (lstat(to.c_str(), &info) != 0) return true;
+    const bool folderThere = stat(to.c_str(), &info) == 0 && S_ISDIR(info.st_mode);
+    if (folderThere != isFolder) Fail(folderThere ? EISDIR : EEXIST, to, Deed::kWrite);
+    return isFolder || !questions.mayReplace || questions.mayReplace(ScriptPath(to));
+}
+
+void CopyLink(const std::string& from, const std::string& to) {
+    std::array<char, PATH_MAX> target;
+    const ssize_t length = readlink(from.c_str(), target.data(), target.size());
+    if (length < 0) Fail(errno, from, Deed::kRead);
+    const std::string text(target.data(), static_cast<std::size_t>(length));
+    if (unlink(to.c_str()) != 0 && errno != ENOENT) Fail(errno, to, Deed::kWrite);
+    if (symlink(text.c_str(), to.c_str()) != 0) Fail(errno, to, Deed::kWrite);
+}
+
+bool CopyEntry(const std::string& from, const std::string& to, const TreeQuestions& questions);
+
+bool CopyFolder(const std::string& from, const std::string& to, const struct stat& info,
+                const TreeQuestions& questions) {
+    const bool isNew = mkdir(to.c_str(), 0700) == 0;
+    if (!isNew && errno != EEXIST) Fail(errno, to, Deed::kWrite);
+    for (const std::string& name : EntriesOf(from)) {
+        if (!CopyEntry(native::Join(from, name), native::Join(to, name), questions)) return false;
+    }
+    if (!isNew) return true;
+    const native::File source = native::Open(from, O_RDONLY | O_DIRECTORY);
+    const native::File copy = native::Open(to, O_RDONLY | O_DIRECTORY);
+    native::CopyTraits(source.Descriptor(), copy.Descriptor(), info);
+    return true;
+}
+
+bool CopyEntry(const std::string& from, const std::string& to, const TreeQuestions& questions) {
+    if (!GoesOn(questions, from)) return false;
+    const struct stat info = LinkStat(from);
+    if (!MayPut(to, S_ISDIR(info.st_mode), questions)) return true;
+    if (S_ISDIR(info.st_mode)) return CopyFolder(from, to, info, questions);
+    if (S_ISLNK(info.st_mode)) {
+        CopyLink(from, to);
+    } else if (S_ISREG(info.st_mode)) {
+        native::CopyContent(from, to);
+    } else {
+        // A pipe or a device has no content to copy.
+        throw Failure(failure::kPathFileAccess);
+    }
+    return true;
+}
+
+bool MoveEntry(const std::string& from, const std::string& to, const TreeQuestions& questions);
+
+// A folder that moves onto one of the same name is added to it.
+bool MoveContents(const std::string& from, const std::string& to, const TreeQuestions& questions) {
+    for (const std::string& name : EntriesOf(from)) {
+        if (!MoveEntry(native::Join(from, name), native::Join(to, name), questions)) return false;
+    }
+    // What the user wanted to keep in its place keeps its folder too.
+    if (rmdir(from.c_str()) != 0 && errno != ENOTEMPTY) Fail(errno, from, Deed::kWrite);
+    return true;
+}
+
+bool MoveAcross(const std::string& from, const std::string& to, const TreeQuestions& questions) {
+    TreeQuestions silent;
+    silent.goOn = questions.goOn;
+    if (!CopyEntry(from, to, silent)) return false;
+    native::RemoveEntry(from);
+    return true;
+}
+
+bool MoveEntry(const std::string& from, const std::string& to, const TreeQuestions& questions) {
+    if (!GoesOn(questions, from)) return false;
+    const struct stat info = LinkStat(from);
+    const bool isFolder = S_ISDIR(info.st_mode);
+    if (!MayPut(to, isFolder, questions)) return true;
+    struct stat there;
+    if (isFolder && stat(to.c_str(), &there) == 0) return MoveContents(from, to, questions);
+    if (rename(from.c_str(), to.c_str()) == 0) return true;
+    if (errno != EXDEV) Fail(errno, to, Deed::kWrite);
+    return MoveAcross(from, to, questions);
+}
+
+// The native paths of an operation's two ends, checked against each other.
+struct Ends {
+    std::string from;
+    std::string to;
+};
+
+Ends CheckedEnds(std::u16string_view from, std::u16string_view to) {
+    Ends ends = {NativePath(from), NativePath(to)};
+    const struct stat info = LinkStat(ends.from);
+    struct stat there;
+    if (S_ISDIR(info.st_mode)) {
+        CheckOutside(info, ends.to);
+    } else if (stat(ends.to.c_str(), &there) == 0) {
+        struct stat source;
+        if (stat(ends.from.c_str(), &source) == 0 && IsSame(source, there)) FailOntoItself();
+    }
+    return ends;
+}
+
+}  // namespace
+
+void native::RemoveEntry(const std::string& path) {
+    if (S_ISDIR(LinkStat(path).st_mode)) {
+        for (const std::string& name : EntriesOf(path)) RemoveEntry(Join(path, name));
+        if (rmdir(path.c_str()) != 0) Fail(errno, path, Deed::kWrite);
+    } else if (unlink(path.c_str()) != 0) {
+        Fail(errno, path, Deed::kWrite);
+    }
+}
+
+void native::CopyAndRemove(const std::string& from, const std::string& to) {
+    MoveAcross(from, to, {});
+}
+
+void native::RefuseRoot(const std::string& path) {
+    const std::string name = Name(path);
+    struct stat root;
+    struct stat info;
+    const bool isRoot = stat("/", &root) == 0 && lstat(path.c_str(), &info) == 0 && IsSame(root, info);
+    if (name == "." || name == ".." || isRoot) Fail(EBUSY, path, Deed::kWrite);
+}
+
+bool CopyTree(std::u16string_view from, std::u16string_view to, const TreeQuestions& questions) {
+    Ends ends = CheckedEnds(from, to);
+    // A link that the caller names stands for what it leads to.
+    const std::unique_ptr<char, decltype(&std::free)> real(realpath(ends.from.c_str(), nullptr),
+                                                           &std::free);
+    if (real) ends.from = real.get();
+    return CopyEntry(ends.from, ends.to, questions);
+}
+
+bool MoveTree(std::u16string_view from, std::u16string_view to, const TreeQuestions& questions) {
+    const Ends ends = CheckedEnds(from, to);
+    native::RefuseRoot(ends.from);
+    return MoveEntry(ends.from, ends.to, questions);
+}
+
+void RemoveTree(std::u16string_view path) {
+    const std::string native = NativePath(path);
+    native::RefuseRoot(native);
+    native::RemoveEntry(native);
+}
+
+}  // namespace velm

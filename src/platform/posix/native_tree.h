@@ -1,0 +1,15 @@
+// What the trash shares with the operations on trees. Only for platform/posix/.
+#pragma once
+
+#include <string>
+
+namespace velm::native {
+
+// Removes a file or a folder with all that is in it.
+void RemoveEntry(const std::string& path);
+// Moves to another file system.
+void CopyAndRemove(const std::string& from, const std::string& to);
+// Throws for the root, "." and "..", which nobody means to lose.
+void RefuseRoot(const std::string& path);
+
+}  // namespace velm::native

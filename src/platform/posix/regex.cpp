@@ -1,0 +1,155 @@
+// Regular expressions by PCRE2 on 16-bit units. Patterns come rewritten (data/pattern_syntax.h). Texts
+// are matched unit by unit, so that a lone half of a surrogate pair is as good as any other unit.
+#include "platform/regex.h"
+
+#include <algorithm>
+#include <string>
+#include <utility>
+
+#include "data/failure.h"
+#include "data/pattern_syntax.h"
+
+#define PCRE2_CODE_UNIT_WIDTH 16
+#include <pcre2.h>
+
+namespace velm {
+
+namespace {
+
+// A search is cut off after this many steps, which takes a moment, or when it needs more memory.
+constexpr std::uint32_t kMatchLimit = 100'000'000;
+constexpr std::uint32_t kHeapLimitKiB = 256 * 1024;
+constexpr std::size_t kFirstStack = 32 * 1024;
+constexpr std::size_t kLargestStack = 64 * 1024 * 1024;
+constexpr std::size_t kMostKept = 48;
+
+constexpr std::u16string_view kCutOff = u"照合に手間がかかりすぎるので、打ち切りました。";
+
+template <auto Free>
+struct FreeWith {
+    template <class T>
+    void operator()(T* object) const {
+        Free(object);
+    }
+};
+
+using Code = std::unique_ptr<pcre2_code, FreeWith<pcre2_code_free>>;
+using MatchData = std::unique_ptr<pcre2_match_data, FreeWith<pcre2_match_data_free>>;
+using MatchContext = std::unique_ptr<pcre2_match_context, FreeWith<pcre2_match_context_free>>;
+using CompileContext = std::unique_ptr<pcre2_compile_context, FreeWith<pcre2_compile_context_free>>;
+using JitStack = std::unique_ptr<pcre2_jit_stack, FreeWith<pcre2_jit_stack_free>>;
+
+PCRE2_SPTR Units(std::u16string_view text) { return reinterpret_cast<PCRE2_SPTR>(text.data()); }
+
+template <class T>
+T Made(T object) {
+    if (!object) throw Failure(failure::kOutOfMemory);
+    return object;
+}
+
+// The limits of a search, and the stack that compiled patterns run on.
+struct Limits {
+    JitStack stack{pcre2_jit_stack_create(kFirstStack, kLargestStack, nullptr)};
+    MatchContext context = Made(MatchContext(pcre2_match_context_create(nullptr)));
+
+    Limits() {
+        pcre2_set_match_limit(context.get(), kMatchLimit);
+        pcre2_set_depth_limit(context.get(), kMatchLimit);
+        pcre2_set_heap_limit(context.get(), kHeapLimitKiB);
+        if (stack) pcre2_jit_stack_assign(context.get(), nullptr, stack.get());
+    }
+};
+
+pcre2_match_context* SearchLimits() {
+    static const Limits limits;
+    return limits.context.get();
+}
+
+Code Compile(std::u16string_view pattern, RegexCase letterCase) {
+    const CompileContext context = Made(CompileContext(pcre2_compile_context_create(nullptr)));
+    pcre2_set_newline(context.get(), PCRE2_NEWLINE_LF);
+    std::uint32_t options =
+        PCRE2_UCP | PCRE2_NEVER_UTF | PCRE2_DOLLAR_ENDONLY | PCRE2_MATCH_UNSET_BACKREF;
+    if (letterCase == RegexCase::kIgnore) options |= PCRE2_CASELESS;
+    const std::u16string rewritten = RewritePattern(pattern);
+    int number = 0;
+    PCRE2_SIZE place = 0;
+    Code code(pcre2_compile(Units(rewritten), rewritten.size(), options, &number, &place,
+                            context.get()));
+    if (!code) throw PatternFailure(pattern_error::kSyntax);
+    // Without machine code for this processor the interpreter takes its place.
+    pcre2_jit_compile(code.get(), PCRE2_JIT_COMPLETE);
+    return code;
+}
+
+class PosixRegex : public Regex {
+  public:
+    PosixRegex(std::u16string_view pattern, RegexCase letterCase)
+        : code_(Compile(pattern, letterCase)), data_(NewMatchData()) {}
+
+    bool Search(std::u16string_view text, std::size_t from, RegexMatch& match) const override {
+        int count = Run(text, from, 0, data_.get());
+        if (count == PCRE2_ERROR_JIT_STACKLIMIT) return SearchSlowly(text, from, match);
+        return Note(count, data_.get(), match);
+    }
+
+  private:
+    Code code_;
+    MatchData data_;
+
+    MatchData NewMatchData() const {
+        return Made(MatchData(pcre2_match_data_create_from_pattern(code_.get(), nullptr)));
+    }
+    int Run(std::u16string_view text, std::size_t from, std::uint32_t options,
+            pcre2_match_data* data) const {
+        return pcre2_match(code_.get(), Units(text), text.size(), from, options, data,
+                           SearchLimits());
+    }
+    // The interpreter, which may take more memory than the machine code's stack has. What it took is
+    // kept with the match data, so that this one is given up at once.
+    bool SearchSlowly(std::u16string_view text, std::size_t from, RegexMatch& match) const {
+        const MatchData data = NewMatchData();
+        return Note(Run(text, from, PCRE2_NO_JIT, data.get()), data.get(), match);
+    }
+    static bool Note(int count, pcre2_match_data* data, RegexMatch& match) {
+        match.clear();
+        if (count == PCRE2_ERROR_NOMATCH) return false;
+        if (count < 0) throw Failure(failure::kOutOfStack, std::u16string(kCutOff));
+        const PCRE2_SIZE* offsets = pcre2_get_ovector_pointer(data);
+        match.resize(pcre2_get_ovector_count(data));
+        for (std::size_t i = 0; i < match.size(); ++i) {
+            if (offsets[2 * i] != PCRE2_UNSET) match[i] = {offsets[2 * i], offsets[2 * i + 1]};
+        }
+        return true;
+    }
+};
+
+struct KeptRegex {
+    std::u16string pattern;
+    RegexCase letterCase;
+    std::shared_ptr<const Regex> regex;
+};
+
+}  // namespace
+
+std::shared_ptr<const Regex> CompileRegex(std::u16string_view pattern, RegexCase letterCase) {
+    static std::vector<KeptRegex> kept;  // the one used last stands first
+    auto place = std::find_if(kept.begin(), kept.end(), [&](const KeptRegex& entry) {
+        return entry.letterCase == letterCase && entry.pattern == pattern;
+    });
+    if (place == kept.end()) {
+        auto regex = std::make_shared<PosixRegex>(pattern, letterCase);
+        if (kept.size() == kMostKept) kept.pop_back();
+        kept.push_back({std::u16string(pattern), letterCase, std::move(regex)});
+        place = kept.end() - 1;
+    }
+    std::rotate(kept.begin(), place, place + 1);
+    return kept.front().regex;
+}
+
+bool RegexTest(std::u16string_view pattern, std::u16string_view text) {
+    RegexMatch match;
+    return CompileRegex(pattern, RegexCase::kIgnore)->Search(text, 0, match);
+}
+
+}  // namespace velm
