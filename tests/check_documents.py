@@ -68,8 +68,11 @@ def run_example(source, runtime):
     with tempfile.TemporaryDirectory(prefix="velm-doc-") as folder:
         script = pathlib.Path(folder) / "example.vlm"
         script.write_text(source, encoding="utf-8")
-        done = subprocess.run([runtime, str(script)], cwd=folder, stdin=subprocess.DEVNULL,
-                              capture_output=True, timeout=30, check=False)
+        try:
+            done = subprocess.run([runtime, str(script)], cwd=folder, stdin=subprocess.DEVNULL,
+                                  capture_output=True, timeout=20, check=False)
+        except subprocess.TimeoutExpired:
+            return "(no end within 20 seconds)\n"
     return (done.stdout + done.stderr).decode("utf-8", "backslashreplace")
 
 
@@ -127,7 +130,8 @@ def main():
         paths += len(named_paths(text))
         count += len(examples(text))
         if options.runtime:
-            problems += check_examples(page, text, options.runtime, TOP)
+            runtime = str(pathlib.Path(options.runtime).resolve())
+            problems += check_examples(page, text, runtime, TOP)
     print("\n".join(problems + [f"documents: {paths} paths, {count} examples, "
                                 f"{len(problems)} faults"]))
     return 1 if problems or not paths else 0

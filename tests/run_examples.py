@@ -27,7 +27,7 @@ def run(runtime, script, answers):
                    XDG_DATA_HOME=f"{folder}/.data", XDG_CACHE_HOME=f"{folder}/.cache",
                    TZ="Asia/Tokyo", QT_QPA_PLATFORM="offscreen")
         done = subprocess.run([runtime, str(place / script)], cwd=folder, env=env, input=answers,
-                              capture_output=True, timeout=60, check=False)
+                              capture_output=True, timeout=20, check=False)
     return done
 
 
@@ -37,7 +37,10 @@ def check(runtime, name, expected_folder):
     if not expected.is_file():
         return [f"{name}: no {expected.name}"]
     answers = expected_folder / f"{name}.in"
-    done = run(runtime, f"{name}.vlm", answers.read_bytes() if answers.is_file() else b"")
+    try:
+        done = run(runtime, f"{name}.vlm", answers.read_bytes() if answers.is_file() else b"")
+    except subprocess.TimeoutExpired:
+        return [f"{name}: no end within 20 seconds"]
     problems = []
     if done.returncode != 0:
         problems.append(f"{name}: exit status {done.returncode}")

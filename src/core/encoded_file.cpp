@@ -38,6 +38,12 @@ char ByteOfItem(std::u16string_view item) {
     return static_cast<char>(static_cast<unsigned char>(rounded));
 }
 
+// The bytes of a file. A pipe or a device is no file: reading it might never end.
+std::string ReadContents(std::u16string_view path) {
+    if (StatFileOrFail(path).kind == EntryKind::kOther) throw Failure(failure::kPathFileAccess);
+    return ReadFileBytes(path);
+}
+
 // Runs the reading of a file and reports its failure.
 template <class Step>
 void ReadOrReport(std::u16string_view path, bool hint, Step&& step) {
@@ -96,7 +102,7 @@ std::u16string ReadTextFile(std::u16string_view path) {
 std::u16string ReadEncodedFile(std::u16string_view path, EncodedKind kind) {
     std::u16string text;
     ReadOrReport(path, kind == EncodedKind::kEuc,
-                 [&] { text = DecodeText(ReadFileBytes(path), kind); });
+                 [&] { text = DecodeText(ReadContents(path), kind); });
     return text;
 }
 
@@ -112,7 +118,7 @@ std::u16string LoadFile(std::u16string_view path, std::u16string_view encodingWo
     std::u16string text;
     ReadOrReport(path, path == kPathWithoutQuotes, [&] {
         if (encoding == EncodingWord::kBinary) {
-            text = ByteList(ReadFileBytes(path));
+            text = ByteList(ReadContents(path));
         } else {
             text = ReadTextFile(path);
             if (IsCsvName(path)) text = CsvToList(text);

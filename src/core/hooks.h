@@ -27,6 +27,17 @@ struct Hooks {
     bool (*TakeControlSentence)(Statement& statement) = nullptr;
     // Shows or makes the window that a word names, for 表示. Returns whether the word is a window's.
     bool (*ShowWindow)(Statement& statement, std::u16string_view word) = nullptr;
+    // Makes the window, control or other object that the sentence of 作れ names.
+    void (*MakeObject)(Statement& statement) = nullptr;
+    // Saves the picture of the object that a word names; false when it names none, or one whose value
+    // is text. Throws Failure.
+    bool (*SavePicture)(std::u16string_view word, const std::u16string& file) = nullptr;
+    // Looks a text up in the object of a name: a list box picks the item, a text object opens its find
+    // dialog, a browser its own search. False when there is no such object, or none to search in.
+    bool (*SearchInObject)(std::u16string_view name, const Value& text) = nullptr;
+    // Opens the replace dialog on the text object of a name. False when it is no text object.
+    bool (*ReplaceInObject)(std::u16string_view name, const Value& text,
+                            const Value& replacement) = nullptr;
     // The balloon at the task-tray icon.
     void (*ShowBalloon)(const std::u16string& text, int style) = nullptr;
     // Delivers what waits in the platform's event queue. Must be quick when nothing waits.
@@ -44,6 +55,8 @@ struct Hooks {
     // The object system's part of the reset before a run, and of the end of one.
     void (*ResetObjects)() = nullptr;
     void (*CloseObjects)() = nullptr;
+    // クリア of the drawing surface, an object or all objects.
+    void (*ClearObject)(Statement& statement) = nullptr;
     // A settings word whose target the toolkit owns; the value has been evaluated.
     void (*ApplySetting)(std::u16string_view word, const Value& value) = nullptr;
 };

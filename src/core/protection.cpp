@@ -4,13 +4,14 @@
 #include "core/diagnostics.h"
 #include "core/run_state.h"
 #include "core/sentence.h"
+#include "core/stored_settings.h"
 #include "data/text.h"
 #include "platform/dialogs.h"
 
 namespace velm {
 
 std::array<bool, 5> ProtectionLevels = {};
-std::u16string (*ReadUserSetting)(std::u16string_view section, std::u16string_view key) = nullptr;
+std::u16string (*ReadUserSetting)(std::u16string_view section, std::u16string_view key) = UserSetting;
 
 namespace {
 
@@ -55,7 +56,7 @@ bool UserAgrees(const std::u16string& sentence) {
 void LoadProtection() {
     ProtectionLevels.fill(false);
     if (ReadUserSetting == nullptr) return;
-    const std::u16string digits = ReadUserSetting(u"Secure", u"Key");
+    const std::u16string digits = ReadUserSetting(kSecuritySection, u"Key");
     if (digits.empty() || SetLevels(digits)) return;
     RaiseMessage(u"保護機能の設定が壊れています。", 0, kIconInformation, u"", u"", -1);
 }

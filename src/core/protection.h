@@ -22,8 +22,8 @@ enum class Protected : std::uint8_t {
 inline constexpr std::size_t kAskLevel = 4;
 extern std::array<bool, 5> ProtectionLevels;
 
-// Reads one of the user's own settings, empty when there is none. Whoever keeps them sets it; without
-// it no level is set.
+// Reads one of the user's own settings, empty when there is none: from the settings store, unless a test
+// puts another source in. Without one no level is set.
 extern std::u16string (*ReadUserSetting)(std::u16string_view section, std::u16string_view key);
 
 // Sets the levels from the user's settings. A setting whose check digits don't agree is reported.

@@ -301,13 +301,24 @@ std::size_t FindFree(std::u16string_view text, std::u16string_view needle) {
     }
 }
 
+// The same for a particle and what follows it; に stands for へ and へ for に, the later one counts.
+std::size_t FindFreeForm(std::u16string_view text, std::u16string_view particle,
+                         std::u16string_view behind) {
+    const std::size_t at = FindFree(text, std::u16string(particle).append(behind));
+    if (Unified(particle) != u"へ") return at;
+    const std::u16string_view other = particle == u"へ" ? u"に" : u"へ";
+    const std::size_t otherAt = FindFree(text, std::u16string(other).append(behind));
+    if (at == kNotFound || otherAt == kNotFound) return std::min(at, otherAt);
+    return std::max(at, otherAt);
+}
+
 std::u16string FenceArguments(const xxCmdData& entry, std::u16string_view arguments) {
     std::u16string text(arguments);
     for (const std::u16string& particle : entry.Joshi) {
         if (particle.empty()) continue;
-        std::size_t at = FindFree(text, particle + u'、');
-        if (at == kNotFound) at = FindFree(text, particle);
-        if (at != kNotFound) text = Fence(text, at, particle);
+        std::size_t at = FindFreeForm(text, particle, u"、");
+        if (at == kNotFound) at = FindFreeForm(text, particle, u"");
+        if (at != kNotFound) text = Fence(text, at, text.substr(at, particle.size()));
     }
     return text;
 }

@@ -7,6 +7,7 @@
 #include "core/blocks.h"
 #include "core/diagnostics.h"
 #include "core/eval.h"
+#include "core/event_data.h"
 #include "core/execute.h"
 #include "core/hooks.h"
 #include "core/prepare.h"
@@ -65,6 +66,7 @@ void ResetRunState() {
     run.ProgressProc.clear();
     run.LastPercent = -1;
     ResetSettings();
+    eventData = EventData();
     Globals.Clear();
     Procedures.Clear();
     Locals.reset();

@@ -2,6 +2,7 @@
 // letter.
 #include "data/date_pictures.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <string_view>
@@ -15,10 +16,12 @@ namespace velm {
 
 namespace {
 
+constexpr std::size_t kLongestCode = 6;
+
 // The lengths that a letter's code may have, longest first.
 struct CodeLengths {
     char16_t letter;
-    std::array<std::size_t, 6> lengths;
+    std::array<std::size_t, kLongestCode> lengths;
 };
 
 constexpr std::array<CodeLengths, 14> kCodes = {{
@@ -61,12 +64,12 @@ bool HasMarkAt(PictureSection picture, std::size_t at, std::u16string_view mark)
     return true;
 }
 
+// How often the letter stands there, as far as a code may be long.
 std::size_t RunAt(PictureSection picture, std::size_t at) {
     const char16_t letter = Lower(picture[at].unit);
+    const std::size_t most = std::min(picture.size(), at + kLongestCode);
     std::size_t end = at;
-    while (end < picture.size() && !picture[end].literal && Lower(picture[end].unit) == letter) {
-        ++end;
-    }
+    while (end < most && !picture[end].literal && Lower(picture[end].unit) == letter) ++end;
     return end - at;
 }
 

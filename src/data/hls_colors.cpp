@@ -26,7 +26,7 @@ std::int32_t ByteOf(int share) { return DivideRounded(share * kByteMost, kHlsMos
 
 std::int32_t ColorOfHls(int hue, int luminance, int saturation) {
     if (saturation == 0) {
-        // Kept: a grey is cut, not rounded, as the scale's other users do it.
+        // Kept: a grey is cut where the parts of a colour are rounded.
         const std::int32_t grey = luminance * kByteMost / kHlsMost;
         return grey | grey << 8 | grey << 16;
     }

@@ -120,7 +120,11 @@ bool IsPlace(const PictureUnit& unit) { return unit.Is(u'0') || unit.Is(u'#'); }
 
 class LayoutReader {
   public:
-    explicit LayoutReader(PictureSection section) : section_(section) {}
+    explicit LayoutReader(PictureSection section) : section_(section) {
+        for (std::size_t i = 0; i < section.size() && !section[i].Is(u'.'); ++i) {
+            if (IsPlace(section[i])) lastPlace_ = i;
+        }
+    }
 
     Layout Read() {
         while (at_ < section_.size()) ReadUnit();
@@ -168,11 +172,7 @@ class LayoutReader {
         const bool hasPlaces = layout_.places > 0 || layout_.decimals > 0;
         if (!hasPlaces || layout_.hasExponent) return false;
         if (layout_.hasPoint) return true;
-        std::size_t next = at_ + 1;
-        while (next < section_.size() && !IsPlace(section_[next]) && !section_[next].Is(u'.')) {
-            ++next;
-        }
-        if (next < section_.size() && IsPlace(section_[next])) {
+        if (at_ < lastPlace_) {
             layout_.grouped = true;
         } else {
             layout_.shift -= kGroup;
@@ -200,6 +200,7 @@ class LayoutReader {
 
     PictureSection section_;
     std::size_t at_ = 0;
+    std::size_t lastPlace_ = 0;  // in front of the point
     Layout layout_;
 };
 

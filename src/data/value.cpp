@@ -99,7 +99,7 @@ const std::u16string& Value::Text() const {
 bool Value::IsEmpty() const {
     if (record_ == nullptr) return true;
     if (record_ == &kNumberRecord) return false;
-    return Text().empty();
+    return record_->textValid ? record_->text.empty() : JoinsToNothing(*record_);
 }
 
 std::optional<double> Value::Number() const {

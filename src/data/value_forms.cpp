@@ -32,6 +32,10 @@ bool JoinsToNothing(const EntriesForm& form) {
     return true;
 }
 
+bool JoinsToNothing(const std::vector<Value>& pieces) {
+    return pieces.empty() || (pieces.size() == 1 && pieces[0].IsEmpty());
+}
+
 void Sweep(EntriesForm& form) {
     if (form.goneCount < kSweepFrom || form.goneCount * 2 < form.lines.size()) return;
     std::vector<EntriesForm::Line> lines = std::move(form.lines);
@@ -114,6 +118,16 @@ void JoinEntries(const EntriesForm& form, std::u16string& text) {
         text += u'=';
         line.value->AppendTo(text);
     }
+}
+
+bool JoinsToNothing(const ValueRecord& record) {
+    switch (record.truth) {
+        case TruthForm::kCells: return JoinsToNothing(record.forms->cells->cells);
+        case TruthForm::kRows: return JoinsToNothing(record.forms->rows->rows);
+        case TruthForm::kEntries: return JoinsToNothing(*record.forms->entries);
+        case TruthForm::kText: break;
+    }
+    return record.text.empty();
 }
 
 bool IsPlainKey(std::u16string_view key) { return key.find_first_of(u"=\r\n") == kNotFound; }

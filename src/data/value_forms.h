@@ -19,6 +19,9 @@ void JoinCells(const CellsForm& form, std::u16string& text);
 void JoinRows(const RowsForm& form, std::u16string& text);
 void JoinEntries(const EntriesForm& form, std::u16string& text);
 
+// Whether the form that is the truth of a record joins to the empty text.
+bool JoinsToNothing(const ValueRecord& record);
+
 // Whether a key can be found through the index of the keys: it holds no "=" and no line break.
 bool IsPlainKey(std::u16string_view key);
 Value EntryAt(const EntriesForm& form, std::u16string_view key);

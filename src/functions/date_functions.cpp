@@ -88,7 +88,9 @@ std::u16string TextOfMoment(const Moment& moment) {
 // Now without an argument. The whole argument text is one word, commas and all.
 Moment MomentArgument(const Arguments& arguments) {
     if (arguments.Text().empty()) return MomentOfNow();
-    return MomentOfText(EvalText(arguments.Text()).Text());
+    const bool isOneWord = arguments.Count() == 1;
+    const Value date = isOneWord ? EvalWord(arguments.Words()[0]) : EvalText(arguments.Text());
+    return MomentOfText(date.Text());
 }
 
 std::int64_t SecondsOf(const Moment& moment) { return moment.day * kSecondsInDay + moment.second; }

@@ -8,11 +8,15 @@
 #include "functions/japanese_functions.h"
 #include "functions/number_functions.h"
 #include "functions/question_functions.h"
+#include "functions/registry_functions.h"
 #include "functions/state_functions.h"
 #include "functions/system_functions.h"
+#include "functions/pattern_functions.h"
+#include "functions/table_edit_functions.h"
 #include "functions/table_functions.h"
 #include "functions/table_statistics.h"
 #include "functions/text_functions.h"
+#include "functions/turtle_functions.h"
 #include "functions/text_search_functions.h"
 #include "core/tables.h"
 
@@ -46,7 +50,7 @@ constexpr FunctionRow kFunctionRows[] = {
     {u"探せ", 2, u"から,を,で", FnFind},
     {u"後ろから探せ", 2, u"を,で,から", FnFindLast},
     {u"書式", 2, u"を,で", FnFormat},
-    {u"パターン置き換え,パターン置換", 3, u"を,から,に", nullptr},
+    {u"パターン置き換え,パターン置換", 3, u"を,から,に", FnPatternReplace},
     {u"改行,エンター", 0, u"", FnLineEnd},
     {u"タブ", 0, u"", FnTab},
     // Japanese text
@@ -60,11 +64,11 @@ constexpr FunctionRow kFunctionRows[] = {
     {u"配列数", 0, u"", FnTableCount},
     {u"配列検索", 2, u"から,を,列目", FnTableSearch},
     {u"配列取り出し", 2, u"から,を,列目,もの", FnTableSelect},
-    {u"配列削除", 0, u"", nullptr},
+    {u"配列削除", 0, u"", FnTableDelete},
     {u"列取り出し", 0, u"", FnTakeColumn},
     {u"配列判別", 2, u"を,で,列目", FnTableTest},
-    {u"配列挿入", 3, u"", nullptr},
-    {u"配列処理", 3, u"", nullptr},
+    {u"配列挿入", 3, u"", FnTableInsert},
+    {u"配列処理", 3, u"", FnTableMap},
     {u"区切れ", 0, u"", FnSplit},
     {u"繋げろ", 0, u"", FnJoin},
     {u"偏差値", 1, u"から,列目", FnStandardScores},
@@ -179,9 +183,9 @@ constexpr FunctionRow kFunctionRows[] = {
     {u"ＵＲＬ形式", 1, u"から,で", FnUrlForm},
     {u"バイナリ配列", 0, u"", FnByteList},
     {u"ＨＴＴＰでダウンロード", 1, u"を,で,として", nullptr},
-    {u"レジストリのサブキー一覧", 0, u"", nullptr},
-    {u"レジストリの値一覧", 0, u"", nullptr},
-    {u"設定", 1, u"を,で", nullptr},
+    {u"レジストリのサブキー一覧", 0, u"", FnRegistrySubkeys},
+    {u"レジストリの値一覧", 0, u"", FnRegistryValues},
+    {u"設定", 1, u"を,で", FnSetting},
     {u"貼り付け", 0, u"", FnPaste},
     {u"タイトル", 0, u"", FnProgramTitle},
     {u"実行形式", 0, u"", FnRunMode},
@@ -204,7 +208,7 @@ constexpr FunctionRow kFunctionRows[] = {
     {u"場所", 0, u"", nullptr},
     {u"アイコンの横,カメの横", 0, u"", nullptr},
     {u"アイコンの縦,カメの縦", 0, u"", nullptr},
-    {u"アイコンの色,カメの色", 0, u"", nullptr},
+    {u"アイコンの色,カメの色", 0, u"", FnTurtleColor},
 };
 
 }  // namespace

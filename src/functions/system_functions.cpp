@@ -10,6 +10,7 @@
 
 #include "core/arguments.h"
 #include "core/protection.h"
+#include "core/registry.h"
 #include "data/code_page_932.h"
 #include "data/failure.h"
 #include "data/lists.h"
@@ -24,6 +25,9 @@
 namespace velm {
 
 namespace {
+
+constexpr std::u16string_view kSystemKey = u"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\";
+constexpr std::u16string_view kProgramFilesValue = u"ProgramFilesDir";
 
 constexpr std::int32_t kBuildMask = 0xFFFF;
 constexpr std::size_t kLongestTitle = 256;
@@ -94,7 +98,6 @@ void FnSystemRootFolder(Value&, Arguments&) { FailWithoutCounterpart(); }
 void FnSystemFolder(Value&, Arguments&) { FailWithoutCounterpart(); }
 void FnFavoritesFolder(Value&, Arguments&) { FailWithoutCounterpart(); }
 void FnSendToFolder(Value&, Arguments&) { FailWithoutCounterpart(); }
-void FnProgramFilesFolder(Value&, Arguments&) { FailWithoutCounterpart(); }
 
 void FnTemporaryFolder(Value& result, Arguments&) { GiveFolder(SpecialFolder::kTemporary, result); }
 void FnDesktopFolder(Value& result, Arguments&) { GiveFolder(SpecialFolder::kDesktop, result); }
@@ -103,6 +106,14 @@ void FnDocumentsFolder(Value& result, Arguments&) { GiveFolder(SpecialFolder::kD
 // The menu here is one folder of programs: the menu's folder and that of its programs are the same.
 void FnStartMenuFolder(Value& result, Arguments&) { GiveFolder(SpecialFolder::kMenu, result); }
 void FnProgramsFolder(Value& result, Arguments&) { GiveFolder(SpecialFolder::kMenu, result); }
+
+// Kept in the registry, where whoever installs programs may have put it.
+void FnProgramFilesFolder(Value& result, Arguments&) {
+    bool found = false;
+    const StorePath key = {store_root::kLocalMachine, std::u16string(kSystemKey)};
+    const std::u16string folder = ReadRegistry(key, kProgramFilesValue, u"", found);
+    if (found) result = Value(WithBackslash(folder));
+}
 
 // What is put there runs at every log-in: only for scripts that the protection allows it.
 void FnStartupFolder(Value& result, Arguments&) {

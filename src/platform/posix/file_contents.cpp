@@ -69,6 +69,9 @@ std::string FollowLinks(const std::string& path) {
 // A new file beside the target, removed unless it takes the target's place.
 class Replacement {
   public:
+    // Whether the content must outlive a machine that stops.
+    enum class Flush { kNo, kYes };
+
     explicit Replacement(const std::string& target)
         : target_(target),
           path_(native::TemporaryName(target)),
@@ -83,18 +86,23 @@ class Replacement {
 
     int OpenError() const { return openError_; }
     int Descriptor() const { return file_.Descriptor(); }
-    void Commit() {
-        const bool flushed = fsync(file_.Descriptor()) == 0;
-        if (!file_.Close() || !flushed) Fail(errno, target_, Deed::kWrite);
+    void Commit(Flush flush) {
+        const bool flushed = flush == Flush::kNo || fsync(file_.Descriptor()) == 0;
+        const int error = errno;
+        if (!flushed) Fail(error, target_, Deed::kWrite);
+        if (!file_.Close()) Fail(errno, target_, Deed::kWrite);
         if (rename(path_.c_str(), target_.c_str()) != 0) Fail(errno, target_, Deed::kWrite);
         committed_ = true;
-        const int folder = open(native::Folder(target_).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-        if (folder < 0) return;
-        fsync(folder);
-        close(folder);
+        if (flush == Flush::kYes) FlushFolder();
     }
 
   private:
+    void FlushFolder() const {
+        const native::File folder(
+            open(native::Folder(target_).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+        if (folder.Descriptor() >= 0) fsync(folder.Descriptor());
+    }
+
     std::string target_;
     std::string path_;
     native::File file_;
@@ -146,7 +154,7 @@ void ReplaceWhole(const std::string& path, std::string_view bytes) {
     }
     const int error = native::WriteAll(replacement.Descriptor(), bytes);
     if (error != 0) Fail(error, path, Deed::kWrite);
-    replacement.Commit();
+    replacement.Commit(Replacement::Flush::kYes);
 }
 
 void CopyBytes(int from, int to, const std::string& fromPath, const std::string& toPath) {
@@ -183,15 +191,19 @@ void native::CopyTraits(int from, int to, const struct stat& info) {
     futimens(to, times);
 }
 
-void native::CopyContent(const std::string& from, const std::string& to) {
+void native::CopyContent(const std::string& from, const std::string& to,
+                         ReadOnlyTarget readOnly) {
     const File source = OpenForReading(from);
     struct stat old;
-    if (stat(to.c_str(), &old) == 0) CheckWritable(to, old);
+    const bool exists = stat(to.c_str(), &old) == 0;
+    if (exists && S_ISDIR(old.st_mode)) Fail(EISDIR, to, Deed::kWrite);
+    if (exists && readOnly == ReadOnlyTarget::kKeep) CheckWritable(to, old);
     Replacement replacement(FollowLinks(to));
     if (replacement.OpenError() != 0) Fail(replacement.OpenError(), to, Deed::kWrite);
     CopyBytes(source.Descriptor(), replacement.Descriptor(), from, to);
     CopyTraits(source.Descriptor(), replacement.Descriptor(), StatOf(source.Descriptor()));
-    replacement.Commit();
+    // The original is still there, should the machine stop now.
+    replacement.Commit(Replacement::Flush::kNo);
 }
 
 std::string ReadFileBytes(std::u16string_view path) {
@@ -234,7 +246,7 @@ void AppendFileBytes(std::u16string_view path, std::string_view bytes) {
 }
 
 void CopyFileTo(std::u16string_view from, std::u16string_view to) {
-    native::CopyContent(NativePath(from), NativePath(to));
+    native::CopyContent(NativePath(from), NativePath(to), native::ReadOnlyTarget::kKeep);
 }
 
 }  // namespace velm

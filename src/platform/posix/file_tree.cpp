@@ -16,8 +16,8 @@
 
 #include "data/failure.h"
 #include "platform/files.h"
-#include "platform/posix/native_tree.h"
 #include "platform/posix/native_files.h"
+#include "platform/posix/native_tree.h"
 
 namespace velm {
 
@@ -52,7 +52,8 @@ struct stat LinkStat(const std::string& path) {
     throw Failure(failure::kPathFileAccess, u"送り元と送り先が同じか、送り先が送り元の中にあります。");
 }
 
-// Throws when the target is the folder itself or lies in it.
+// Throws when the target is the folder itself or lies in it; of a target that isn't there yet the
+// nearest folder that is counts.
 void CheckOutside(const struct stat& folder, std::string target) {
     struct stat info;
     while (stat(target.c_str(), &info) != 0) {
@@ -60,13 +61,12 @@ void CheckOutside(const struct stat& folder, std::string target) {
         if (parent == target) return;
         target = parent;
     }
-    for (dev_t device = 0; info.st_ino != 0;) {
+    for (;;) {
         if (IsSame(info, folder)) FailOntoItself();
-        const ino_t before = info.st_ino;
-        device = info.st_dev;
         target = native::Join(target, "..");
-        if (stat(target.c_str(), &info) != 0) return;
-        if (info.st_ino == before && info.st_dev == device) return;
+        struct stat parent;
+        if (stat(target.c_str(), &parent) != 0 || IsSame(parent, info)) return;
+        info = parent;
     }
 }
 
@@ -117,7 +117,7 @@ bool CopyEntry(const std::string& from, const std::string& to, const TreeQuestio
     if (S_ISLNK(info.st_mode)) {
         CopyLink(from, to);
     } else if (S_ISREG(info.st_mode)) {
-        native::CopyContent(from, to);
+        native::CopyContent(from, to, native::ReadOnlyTarget::kReplace);
     } else {
         // A pipe or a device has no content to copy.
         throw Failure(failure::kPathFileAccess);
@@ -137,6 +137,7 @@ bool MoveContents(const std::string& from, const std::string& to, const TreeQues
     return true;
 }
 
+// To another file system: what is there is whole before anything goes.
 bool MoveAcross(const std::string& from, const std::string& to, const TreeQuestions& questions) {
     TreeQuestions silent;
     silent.goOn = questions.goOn;
@@ -188,7 +189,14 @@ void native::RemoveEntry(const std::string& path) {
 }
 
 void native::CopyAndRemove(const std::string& from, const std::string& to) {
-    MoveAcross(from, to, {});
+    try {
+        CopyEntry(from, to, {});
+    } catch (const Failure&) {
+        struct stat info;
+        if (lstat(to.c_str(), &info) == 0) RemoveEntry(to);
+        throw;
+    }
+    RemoveEntry(from);
 }
 
 void native::RefuseRoot(const std::string& path) {

@@ -88,8 +88,7 @@ int FailureNumber(int error, const std::string& path, Deed deed) {
         case ENFILE: return failure::kTooManyFiles;
         case EEXIST: return failure::kFileExists;
         case ENAMETOOLONG:
-        case EILSEQ:
-        case EINVAL: return failure::kBadFileName;
+        case EILSEQ: return failure::kBadFileName;
         case ETXTBSY:
         case EBUSY: return failure::kFileOpen;
         case ENXIO:

@@ -50,7 +50,9 @@ std::string NameToBytes(std::u16string_view text);
 int ExtraAttributes(const std::string& path);
 // Copies times, permissions, owner where allowed, and extended attributes to an open file.
 void CopyTraits(int from, int to, const struct stat& info);
+// Whether a copy may take the place of a file that is read-only.
+enum class ReadOnlyTarget { kKeep, kReplace };
 // Copies a file's content and traits to a path, replacing a file there in one step.
-void CopyContent(const std::string& from, const std::string& to);
+void CopyContent(const std::string& from, const std::string& to, ReadOnlyTarget readOnly);
 
 }  // namespace velm::native

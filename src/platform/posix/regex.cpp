@@ -3,6 +3,7 @@
 #include "platform/regex.h"
 
 #include <algorithm>
+#include <chrono>
 #include <string>
 #include <utility>
 
@@ -16,12 +17,19 @@ namespace velm {
 
 namespace {
 
-// A search is cut off after this many steps, which takes a moment, or when it needs more memory.
+// A search is cut off when it takes more steps than this from one place of the text, or more memory.
 constexpr std::uint32_t kMatchLimit = 100'000'000;
 constexpr std::uint32_t kHeapLimitKiB = 256 * 1024;
 constexpr std::size_t kFirstStack = 32 * 1024;
 constexpr std::size_t kLargestStack = 64 * 1024 * 1024;
 constexpr std::size_t kMostKept = 48;
+
+// From many places together a search may take this long. The clock is looked at after a stretch of
+// places; stretches grow as long as they are quick.
+constexpr std::chrono::seconds kTimeLimit{3};
+constexpr std::chrono::milliseconds kQuick{2};
+constexpr std::size_t kFirstStretch = 64;
+constexpr std::size_t kGrowth = 8;
 
 constexpr std::u16string_view kCutOff = u"照合に手間がかかりすぎるので、打ち切りました。";
 
@@ -69,7 +77,8 @@ Code Compile(std::u16string_view pattern, RegexCase letterCase) {
     const CompileContext context = Made(CompileContext(pcre2_compile_context_create(nullptr)));
     pcre2_set_newline(context.get(), PCRE2_NEWLINE_LF);
     std::uint32_t options =
-        PCRE2_UCP | PCRE2_NEVER_UTF | PCRE2_DOLLAR_ENDONLY | PCRE2_MATCH_UNSET_BACKREF;
+        PCRE2_USE_OFFSET_LIMIT | PCRE2_UCP | PCRE2_NEVER_UTF | PCRE2_DOLLAR_ENDONLY |
+        PCRE2_MATCH_UNSET_BACKREF;
     if (letterCase == RegexCase::kIgnore) options |= PCRE2_CASELESS;
     const std::u16string rewritten = RewritePattern(pattern);
     int number = 0;
@@ -102,8 +111,20 @@ class PosixRegex : public Regex {
     }
     int Run(std::u16string_view text, std::size_t from, std::uint32_t options,
             pcre2_match_data* data) const {
-        return pcre2_match(code_.get(), Units(text), text.size(), from, options, data,
-                           SearchLimits());
+        const auto begin = std::chrono::steady_clock::now();
+        auto before = begin;
+        for (std::size_t stretch = kFirstStretch;;) {
+            const std::size_t last = std::min(from + stretch, text.size());
+            pcre2_set_offset_limit(SearchLimits(), last);
+            const int count = pcre2_match(code_.get(), Units(text), text.size(), from, options,
+                                          data, SearchLimits());
+            if (count != PCRE2_ERROR_NOMATCH || last == text.size()) return count;
+            const auto now = std::chrono::steady_clock::now();
+            if (now - begin > kTimeLimit) return PCRE2_ERROR_MATCHLIMIT;
+            if (now - before < kQuick) stretch *= kGrowth;
+            before = now;
+            from = last + 1;
+        }
     }
     // The interpreter, which may take more memory than the machine code's stack has. What it took is
     // kept with the match data, so that this one is given up at once.

@@ -77,11 +77,21 @@ std::string LocalTime() {
     return {text.data(), length};
 }
 
+// A name that leaves room for a number and the ending of the note, cut between characters.
+std::string ShortName(std::string name) {
+    constexpr std::size_t kMostBytes = 220;
+    if (name.size() <= kMostBytes) return name;
+    std::size_t end = kMostBytes;
+    while (end > 1 && (static_cast<std::uint8_t>(name[end]) & 0xC0) == 0x80) --end;
+    name.resize(end);
+    return name;
+}
+
 // Writes the note, whose name nobody else can take then; the name within the trash.
 std::string ClaimName(const std::string& trash, const std::string& path) {
     const std::string text =
         "[Trash Info]\nPath=" + UrlForm(path) + "\nDeletionDate=" + LocalTime() + "\n";
-    const std::string wanted = native::Name(path);
+    const std::string wanted = ShortName(native::Name(path));
     for (int number = 1;; ++number) {
         const std::string name = number == 1 ? wanted : wanted + "." + std::to_string(number);
         const std::string note = trash + "/info/" + name + ".trashinfo";
@@ -117,7 +127,10 @@ void MoveToTrash(std::u16string_view path) {
             native::CopyAndRemove(native, target);
         }
     } catch (const Failure&) {
-        unlink((trash + "/info/" + name + ".trashinfo").c_str());
+        // What has arrived whole keeps its note, though its original could not be removed.
+        if (lstat(target.c_str(), &info) != 0) {
+            unlink((trash + "/info/" + name + ".trashinfo").c_str());
+        }
         throw;
     }
 }

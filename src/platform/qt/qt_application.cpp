@@ -5,7 +5,6 @@
 
 #include <QApplication>
 #include <QFontDatabase>
-#include <QFontInfo>
 #include <QLocale>
 #include <algorithm>
 #include <clocale>
@@ -20,7 +19,6 @@ namespace velm {
 namespace {
 
 constexpr int kStatusNoDisplay = 2;
-constexpr const char* kFontLanguage = "FC_LANG";
 constexpr QLatin1String kGenericFont("Sans Serif");
 // The first that is there.
 constexpr QLatin1String kJapaneseFonts[] = {
@@ -39,36 +37,29 @@ void OnStartMessage(QtMsgType type, const QMessageLogContext&, const QString&) {
     std::_Exit(kStatusNoDisplay);
 }
 
-// Many characters have one code but a Chinese and a Japanese shape. Which font stands in for a missing
-// one is decided by the language; it is read once, with the first font, and must not reach the
-// programs that a script starts.
-class JapaneseFontsAtStart {
-  public:
-    JapaneseFontsAtStart() : wasSet_(qEnvironmentVariableIsSet(kFontLanguage)) {
-        if (!wasSet_) qputenv(kFontLanguage, "ja");
-    }
-    ~JapaneseFontsAtStart() {
-        if (!wasSet_) qunsetenv(kFontLanguage);
-    }
-    JapaneseFontsAtStart(const JapaneseFontsAtStart&) = delete;
-    JapaneseFontsAtStart& operator=(const JapaneseFontsAtStart&) = delete;
+bool WritesJapanese(const QString& family) {
+    return QFontDatabase::writingSystems(family).contains(QFontDatabase::Japanese);
+}
 
-  private:
-    bool wasSet_;
-};
+// A Japanese family of this machine; empty when there is none.
+QString JapaneseFamily() {
+    const auto* known = std::find_if(std::begin(kJapaneseFonts), std::end(kJapaneseFonts),
+                                     [](auto name) { return QFontDatabase::hasFamily(name); });
+    if (known != std::end(kJapaneseFonts)) return *known;
+    return QFontDatabase::families(QFontDatabase::Japanese).value(0);
+}
 
-// Without a desktop the toolkit's font is a generic one, which would take only kana and kanji from a
-// Japanese font and cut every ○, → and ’ from a Latin one. A font that the user chose stays first.
+// Many characters have one code but a Chinese and a Japanese shape, so what stands in for a missing
+// glyph mustn't be left to chance. A font that the user chose stays first; the generic one of a
+// machine without a desktop gives way, since it would cut every ○, → and ’ from a Latin font.
 void ChooseJapaneseFont() {
     QFont font = QApplication::font();
-    if (QFontDatabase::writingSystems(QFontInfo(font).family()).contains(QFontDatabase::Japanese)) {
-        return;
-    }
-    const auto* family = std::find_if(std::begin(kJapaneseFonts), std::end(kJapaneseFonts),
-                                      [](auto name) { return QFontDatabase::hasFamily(name); });
-    if (family == std::end(kJapaneseFonts)) return;
     QStringList families = font.families();
-    families.insert(families.value(0) == kGenericFont ? 0 : families.size(), *family);
+    const bool generic = families.value(0) == kGenericFont;
+    if (!generic && WritesJapanese(families.value(0))) return;
+    const QString family = JapaneseFamily();
+    if (family.isEmpty()) return;
+    families.insert(generic ? 0 : families.size(), family);
     font.setFamilies(families);
     QApplication::setFont(font);
 }
@@ -82,7 +73,6 @@ ApplicationPointer StartApplication() {
     static int count = 1;
     static char name[] = "velmscript";
     static char* words[] = {name, nullptr};
-    const JapaneseFontsAtStart fonts;
     const QtMessageHandler usual = qInstallMessageHandler(OnStartMessage);
     ApplicationPointer application(new QApplication(count, words));
     qInstallMessageHandler(usual);

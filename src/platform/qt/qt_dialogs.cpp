@@ -2,6 +2,7 @@
 #include "platform/qt/qt_dialogs.h"
 
 #include <QApplication>
+#include <QFile>
 #include <QFileDialog>
 
 #include "platform/qt/input_box.h"
@@ -50,11 +51,11 @@ FileChoice AskFile(const std::u16string& title, const std::u16string& kind,
     dialog.show();
     if (!dialog.isVisible()) return {};
     FileChoice choice;
-    choice.end = dialog.exec() == QDialog::Accepted ? FileChoice::End::kChosen
-                                                    : FileChoice::End::kCancelled;
+    choice.end =
+        dialog.exec() == QDialog::Accepted ? FileChoice::End::kChosen : FileChoice::End::kCancelled;
     const QStringList files = dialog.selectedFiles();
     if (choice.end == FileChoice::End::kChosen && !files.isEmpty()) {
-        choice.path = FromQString(files.first());
+        choice.nativePath = QFile::encodeName(files.first()).toStdString();
     }
     return choice;
 }

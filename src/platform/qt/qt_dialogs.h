@@ -11,7 +11,8 @@ class QtDialogs : public Dialogs {
     void ShowText(const std::u16string& text, int style, const std::u16string& title) override;
     int Ask(const std::u16string& text, int style, const std::u16string& title) override;
     int Report(const std::u16string& text, int style, const std::u16string& title) override;
-    std::optional<std::u16string> AskText(const std::u16string& prompt, const std::u16string& preset,
+    std::optional<std::u16string> AskText(const std::u16string& prompt,
+                                          const std::u16string& preset,
                                           const std::u16string& title) override;
 };
 
@@ -19,7 +20,7 @@ class QtDialogs : public Dialogs {
 struct FileChoice {
     enum class End { kChosen, kCancelled, kFailed };
     End end = End::kFailed;  // kFailed: no dialog came up
-    std::u16string path;     // of the system, not in the form of scripts
+    std::string nativePath;
 };
 
 // Asks for a file to open. `masks` are as in "*.vlm *.txt", `kind` is the word for such files.

@@ -246,7 +246,6 @@ TEST(DatePictures, EveryDayOfTheErasReadsBack) {
     const std::int64_t last = DayOfCivil({2100, 12, 31});
     for (std::int64_t day = first; day <= last; ++day) {
         const std::u16string shown = FormatPicture(FormatDay(day), u"ggge年m月d日(aaa)");
-        // Day 0 shows as a time, and is no date of an era then.
         ASSERT_EQ(ParseDate(shown), static_cast<double>(day)) << Utf16ToUtf8(shown);
         ASSERT_EQ(ParseDate(FormatPicture(FormatDay(day), u"gee.mm.dd")), static_cast<double>(day));
     }
@@ -346,6 +345,7 @@ TEST(Pictures, VeryLongPicture) {
     EXPECT_EQ(FormatPicture(u"7", u"0." + zeros).size(), zeros.size() + 2);
     EXPECT_EQ(FormatPicture(u"7", u"0" + std::u16string(200000, u',')), u"0");
     EXPECT_EQ(FormatPicture(u"7", std::u16string(200000, u'@')).size(), 200000U);
+    EXPECT_EQ(FormatPicture(u"38113", std::u16string(200000, u'y')).size(), 200000U);
 }
 
 }  // namespace

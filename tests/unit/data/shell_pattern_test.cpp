@@ -1,3 +1,4 @@
+// Matching of file name patterns, element by element.
 #include "data/shell_pattern.h"
 
 #include <gtest/gtest.h>

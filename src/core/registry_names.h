@@ -1,0 +1,13 @@
+// The names of the registry's roots.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+namespace velm {
+
+// The number of a root, letter case ignored, as a 32-bit value with its high bit set. An unknown name is
+// reported (32) and gives 0.
+std::int32_t RootKeyFromName(std::u16string_view name);
+
+}  // namespace velm
