@@ -52,8 +52,7 @@ void CmdSubtract(Statement& statement, Context&) {
     RunReported([&] {
         const std::int64_t amount = ToInt32(AmountOf(statement));
         const std::int64_t difference = ShortOf(statement.HeArg) - amount;
-        SetVariable(statement.HeArg,
-                    Value::OfInteger(ToInt32(static_cast<double>(difference))));
+        SetVariable(statement.HeArg, Value::OfInteger(ToInt32(static_cast<double>(difference))));
     });
 }
 

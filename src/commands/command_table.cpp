@@ -1,18 +1,18 @@
 // The one ordered list of commands. A handler is a function in its topic's file.
 #include "commands/command_table.h"
 
+#include "commands/arithmetic_commands.h"
 #include "commands/clear_commands.h"
 #include "commands/data_file_commands.h"
 #include "commands/file_commands.h"
 #include "commands/library_commands.h"
 #include "commands/message_commands.h"
-#include "commands/process_commands.h"
-#include "commands/settings_commands.h"
-#include "core/blocks.h"
-#include "commands/arithmetic_commands.h"
 #include "commands/pattern_commands.h"
+#include "commands/process_commands.h"
 #include "commands/search_commands.h"
+#include "commands/settings_commands.h"
 #include "commands/sort_commands.h"
+#include "core/blocks.h"
 #include "core/tables.h"
 
 namespace velm {

@@ -144,8 +144,10 @@ void Insert(const Destination& to, std::u16string_view text, bool lineEnd) {
     }
     std::u16string content;
     Attempt([&] { content = ReadTextFile(to.file); });
+    const int failed = pendingFailure.number;
+    const bool missing = failed == failure::kFileNotFound || failed == failure::kPathNotFound;
     // A file that is there and can't be read must not be taken for an empty one.
-    if (pendingFailure.IsSet() && PathExists(to.file)) return;
+    if (failed != 0 && !missing) return;
     pendingFailure.Clear();
     SavePlain(to.file, InsertBehindLine(content, line, text, lineEnd ? kCrLf : u""));
 }

@@ -204,22 +204,25 @@ std::pair<std::u16string, std::u16string> CutFunctionName(std::u16string_view wo
             std::u16string(StripPair(function, u"「", u"」"))};
 }
 
-// Adds lines to the running program as if the script had held them at its end.
+template <class Element>
+void Append(std::vector<Element>& to, const std::vector<Element>& from) {
+    to.insert(to.end(), from.begin(), from.end());
+}
+
+// Adds lines to the main script as if it had held them at its end; there they outlive a text that only
+// runs once.
 void AppendSource(std::u16string_view source) {
-    Program& program = CurrentProgram();
+    Program& program = *Programs.front();
     Program added;
     added.Statements = PrepareProgram(source);
     ScanBlocks(added);
     // The procedures are entered from a program in which the new lines stand where they will.
     Program placed;
     placed.Statements.resize(program.Statements.size(), ParseStatement(u""));
-    const auto append = [](auto& to, const auto& from) {
-        to.insert(to.end(), from.begin(), from.end());
-    };
-    append(placed.Statements, added.Statements);
-    RegisterProcedures(placed, run.CurProgram);
-    append(program.Statements, added.Statements);
-    append(program.Depth, added.Depth);
+    Append(placed.Statements, added.Statements);
+    RegisterProcedures(placed, 0);
+    Append(program.Statements, added.Statements);
+    Append(program.Depth, added.Depth);
 }
 
 void DeclareFunction(const Statement& statement, std::u16string_view name) {

@@ -1,7 +1,6 @@
 // Process and system commands.
 #include "commands/process_commands.h"
 
-#include <algorithm>
 #include <memory>
 #include <string>
 #include <utility>
@@ -135,17 +134,6 @@ void CmdOrder(Statement& statement, Context& /*context*/) {
     }
 }
 
-namespace {
-
-// Whether 宣言 has entered procedures of a program, which has to stay for them then.
-bool HasProceduresOf(std::int32_t index) {
-    const auto& all = Procedures.InOrder();
-    return std::any_of(all.begin(), all.end(),
-                       [index](const xxCmdData* entry) { return entry->Num == index; });
-}
-
-}  // namespace
-
 // The text runs as a program of its own: its blocks and labels are those of its lines.
 void CmdProcessText(Statement& statement, Context& /*context*/) {
     const std::u16string source = EvalWord(statement.WoArg).Text();
@@ -157,8 +145,7 @@ void CmdProcessText(Statement& statement, Context& /*context*/) {
     ScanBlocks(*added);
     run.CurProgram = index;
     RunTop(*added);
-    const bool isLast = static_cast<std::size_t>(index) + 1 == Programs.size();
-    if (isLast && !HasProceduresOf(index)) Programs.pop_back();
+    if (static_cast<std::size_t>(index) + 1 == Programs.size()) Programs.pop_back();
     run.CurLine = line;
     run.CurProgram = program;
 }

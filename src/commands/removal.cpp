@@ -4,22 +4,22 @@
 #include "core/diagnostics.h"
 #include "core/eval.h"
 #include "core/protection.h"
+#include "core/registry.h"
 #include "core/registry_names.h"
-#include "core/settings_state.h"
 #include "core/statement.h"
+#include "core/stored_settings.h"
 #include "data/brackets.h"
 #include "data/failure.h"
 #include "data/text.h"
+#include "platform/associations.h"
 #include "platform/files.h"
+#include "platform/settings_store.h"
 
 namespace velm {
-
-RemovalStores removalStores;
 
 namespace {
 
 constexpr int kCannotDeleteKey = 30;
-constexpr int kCannotWriteSettings = 39;
 constexpr int kBadFolder = 211;
 
 constexpr std::u16string_view kFolder = u"フォルダ";
@@ -27,7 +27,6 @@ constexpr std::u16string_view kRegistry = u"レジストリの";
 constexpr std::u16string_view kSettingsFile = u"設定ファイルの";
 constexpr std::u16string_view kOf = u"の";
 constexpr std::u16string_view kWholly = u"完全";
-constexpr std::int32_t kRefused = 5;
 constexpr std::size_t kFolderWordLength = 5;
 constexpr std::size_t kAssociationLength = 4;
 
@@ -41,9 +40,11 @@ void RemoveNamedFolder(std::u16string_view word) {
     pendingFailure.Clear();
 }
 
-std::int32_t DeleteKey(std::int32_t root, std::u16string_view path, bool wholly) {
-    const auto remove = wholly ? removalStores.SHDeleteKey : removalStores.RegDeleteKey;
-    return remove == nullptr ? kRefused : remove(root, path);
+bool DeleteKey(std::int32_t root, const std::u16string& path, bool wholly) {
+    bool deleted = false;
+    Attempt([&] { deleted = DeleteStoredKey({root, path}, wholly); });
+    pendingFailure.Clear();
+    return deleted;
 }
 
 // Only whole trees are guarded: a key directly under a root holds what the system lives on.
@@ -54,9 +55,9 @@ void RemoveKey(std::u16string_view word, bool wholly) {
     if (root == 0) return;
     const std::u16string path = cut == kNotFound ? std::u16string() : key.substr(cut + 1);
     if (wholly && !Contains(path, u"\\")) {
-        RaiseMessage(u"このキーはシステムに影響を及ぼすため削除できません。\\n%1", 0, kIconStop, key,
-                     u"", -1);
-    } else if (DeleteKey(root, path, wholly) != 0) {
+        RaiseMessage(u"このキーはシステムに影響を及ぼすため削除できません。\\n%1", 0, kIconStop,
+                     key, u"", -1);
+    } else if (!DeleteKey(root, path, wholly)) {
         RaiseError(kCannotDeleteKey, kIconStop, key, u"", -1);
     }
 }
@@ -64,22 +65,25 @@ void RemoveKey(std::u16string_view word, bool wholly) {
 void RemoveSetting(std::u16string_view word) {
     const std::size_t cut = FindOutsideBrackets(word, kOf);
     const std::u16string section = ValueOf(cut == 0 ? word : word.substr(0, cut - 1));
-    const std::u16string key = cut == 0 ? std::u16string() : ValueOf(word.substr(cut));
-    const bool removed = removalStores.RemoveSetting != nullptr &&
-                         removalStores.RemoveSetting(settings.settingsFile, section, key);
-    if (!removed) RaiseError(kCannotWriteSettings, kIconStop, u"", u"", -1);
+    if (cut == 0) {
+        RemoveSettingsFileSection(section);
+    } else {
+        RemoveFromSettingsFile(section, ValueOf(word.substr(cut)));
+    }
 }
 
-// Kept: the key of the extension itself stays, and so does a file type with subkeys.
+// Kept: the key of the extension itself stays, and so does a file type with subkeys. On the desktop the
+// association ends.
 void RemoveAssociation(std::u16string_view word) {
     if (!CheckProtection(Protected::kSystem)) return;
     const std::size_t cut = FindOutsideBrackets(word, kOf);
     std::u16string extension = ValueOf(cut == 0 ? word : word.substr(0, cut - 1));
     if (!extension.starts_with(u'.')) extension.insert(0, u".");
-    const std::int32_t root = RootKeyFromName(u"HKEY_CLASSES_ROOT");
-    if (removalStores.ReadDefault == nullptr) return;
-    const std::optional<std::u16string> type = removalStores.ReadDefault(root, extension);
-    if (type && !type->empty()) DeleteKey(root, *type, false);
+    bool found = false;
+    const std::u16string type =
+        ReadRegistry({store_root::kClassesRoot, extension}, u"", u"", found);
+    if (!type.empty()) DeleteKey(store_root::kClassesRoot, type, false);
+    EndDesktopAssociation(std::u16string_view(extension).substr(1));
 }
 
 }  // namespace

@@ -51,8 +51,7 @@ void CmdSearch(Statement& statement, Context&) {
     }
     const Word& object = from.IsEmpty() ? statement.WoArg : from;
     const Value wanted = EvalWord(statement.WoArg);
-    const bool searched =
-        hooks.SearchInObject != nullptr && hooks.SearchInObject(object, wanted);
+    const bool searched = hooks.SearchInObject != nullptr && hooks.SearchInObject(object, wanted);
     if (!searched) ReportNoObject();
 }
 

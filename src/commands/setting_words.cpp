@@ -203,7 +203,7 @@ void SetSettingsFile(Statement& statement, Context& /*context*/) {
 
 void SetLocals(Statement& statement, Context& /*context*/) {
     for (const std::u16string& name : SplitList(statement.WoArg, false)) {
-        LocalsForChange().Add(name.empty() ? nullptr : Intern(name), name, Value());
+        LocalsForChange().Add(Word(name), Value());
     }
 }
 

@@ -4,18 +4,15 @@
 #include <algorithm>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "core/diagnostics.h"
 #include "core/eval.h"
 #include "core/protection.h"
 #include "core/registry.h"
+#include "core/registry_names.h"
 #include "core/sentence.h"
 #include "core/setting_place.h"
 #include "core/stored_settings.h"
-#include "data/brackets.h"
-#include "data/failure.h"
-#include "data/text.h"
 #include "data/width.h"
 #include "platform/associations.h"
 #include "platform/settings_store.h"
@@ -24,16 +21,9 @@ namespace velm {
 
 namespace {
 
-constexpr int kDeleteFailed = 30;
 constexpr int kBadKey = 32;
 constexpr int kMissingParts = 90;
 constexpr std::u16string_view kMissingPartsText = u"設定に必要な情報が不足しています。";
-constexpr std::u16string_view kVitalKeyText =
-    u"このキーはシステムに影響を及ぼすため削除できません。\\n%1";
-constexpr std::u16string_view kRegistryOf = u"レジストリの";
-constexpr std::u16string_view kSettingsFileOf = u"設定ファイルの";
-constexpr std::u16string_view kWhole = u"完全";
-constexpr std::size_t kAssociationLength = 4;
 
 void StoreInRegistry(const SettingPlace& place, std::u16string_view value) {
     const std::u16string path = place.Part(1);
@@ -42,7 +32,7 @@ void StoreInRegistry(const SettingPlace& place, std::u16string_view value) {
         RaiseError(kBadKey, kIconWarning, path, u"", -1);
         return;
     }
-    const std::uint32_t root = RootKeyFromName(cut.root);
+    const std::int32_t root = RootKeyFromName(cut.root);
     if (root != 0) WriteRegistryString({root, cut.key}, cut.name, value);
 }
 
@@ -100,50 +90,6 @@ bool WriteAssociation(const Association& made) {
            WriteAllowedRegistryString(ClassKey(type + u"\\DefaultIcon"), u"", made.icon);
 }
 
-void DeleteRegistryKey(const Statement& statement) {
-    const Word word(statement.WoArg.Text().substr(kRegistryOf.size()));
-    const std::u16string path = EvalWord(word).Text();
-    const std::size_t first = std::min(path.find(u'\\'), path.size());
-    const std::uint32_t root = RootKeyFromName(path.substr(0, first));
-    if (root == 0) return;
-    const std::u16string key = path.substr(std::min(first + 1, path.size()));
-    const bool whole = statement.HeArg.Text() == kWhole;
-    if (whole && !Contains(key, u"\\")) {
-        RaiseMessage(kVitalKeyText, 0, kIconStop, path, u"", -1);
-        return;
-    }
-    bool deleted = false;
-    Attempt([&] { deleted = DeleteStoredKey({root, key}, whole); });
-    if (!deleted) RaiseError(kDeleteFailed, kIconStop, path, u"", -1);
-}
-
-void DeleteFromFile(std::u16string_view place) {
-    const std::size_t of = FindOutsideBrackets(place, u"の");
-    if (of == 0) {
-        RemoveSettingsFileSection(EvalWord(Word(place)).Text());
-        return;
-    }
-    const std::u16string section = EvalWord(Word(place.substr(0, of - 1))).Text();
-    RemoveFromSettingsFile(section, EvalWord(Word(place.substr(of))).Text());
-}
-
-// Kept: a file type has subkeys as soon as 関連づけ has made it, and a key with subkeys stays; the key of
-// the extension stays too. On the desktop the association ends.
-void DeleteAssociation(std::u16string_view word) {
-    if (!CheckProtection(Protected::kSystem)) return;
-    const Word name(word.substr(0, word.find(u'の')));
-    const std::u16string extension = WithDot(EvalWord(name).Text());
-    const std::u16string type = FileTypeOf(extension);
-    if (!type.empty()) Attempt([&] { DeleteStoredKey(ClassKey(type), false); });
-    EndDesktopAssociation(extension.substr(1));
-}
-
-bool IsAssociation(std::u16string_view word) {
-    if (word.size() < kAssociationLength) return false;
-    const std::u16string_view end = word.substr(word.size() - kAssociationLength);
-    return end == u"関連付け" || end == u"関連づけ";
-}
-
 }  // namespace
 
 void CmdStoreSetting(Statement& statement, Context& /*context*/) {
@@ -167,20 +113,6 @@ void CmdAssociate(Statement& statement, Context& /*context*/) {
     if (made.icon.empty()) made.icon = made.command;
     if (!WriteAssociation(made)) return;
     AssociateOnDesktop({made.extension.substr(1), made.command, made.description, made.icon});
-}
-
-bool DeleteSetting(const Statement& statement) {
-    const std::u16string& word = statement.WoArg.Text();
-    if (word.starts_with(kRegistryOf)) {
-        DeleteRegistryKey(statement);
-    } else if (word.starts_with(kSettingsFileOf)) {
-        DeleteFromFile(std::u16string_view(word).substr(kSettingsFileOf.size()));
-    } else if (IsAssociation(word)) {
-        DeleteAssociation(word);
-    } else {
-        return false;
-    }
-    return true;
 }
 
 }  // namespace velm

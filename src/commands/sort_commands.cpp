@@ -155,8 +155,8 @@ SortOrder ShuffledOrder(std::size_t count) {
     SortOrder order = UnsortedOrder(count);
     for (std::size_t i = count; i-- > 1;) {
         // Kept: the rounding makes both ends half as likely as the places between.
-        const auto j = static_cast<std::size_t>(
-            std::nearbyint(NextRandom() * static_cast<double>(i)));
+        const auto j =
+            static_cast<std::size_t>(std::nearbyint(NextRandom() * static_cast<double>(i)));
         std::swap(order[i], order[j]);
     }
     return order;

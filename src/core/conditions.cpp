@@ -94,6 +94,8 @@ bool PlanTwoWords(std::u16string_view right, std::u16string_view between, int co
 
 // The number that a side counts as when the other one is a number too: an empty word is 0.
 std::optional<double> NumberOfSide(const Value& value) {
+    double plain = 0;
+    if (value.IsPlainNumber(plain)) return plain;
     const std::optional<double> number = value.Number();
     if (number) return RoundToText(*number);
     if (value.IsEmpty()) return 0;
@@ -103,11 +105,14 @@ std::optional<double> NumberOfSide(const Value& value) {
 // Equality after the numbers were normalised: 1.0 and 1 are equal, an empty word is 0 against a number,
 // two words compare as text.
 bool AreEqual(const Value& left, const Value& right) {
-    if (left.SameText(right)) return true;
-    const std::optional<double> leftNumber = NumberOfSide(left);
-    if (!leftNumber) return false;
-    const std::optional<double> rightNumber = NumberOfSide(right);
-    return rightNumber && *leftNumber == *rightNumber;
+    double leftNumber = 0;
+    double rightNumber = 0;
+    if (left.IsPlainNumber(leftNumber) && right.IsPlainNumber(rightNumber)) {
+        return leftNumber == rightNumber;
+    }
+    const std::optional<double> leftSide = NumberOfSide(left);
+    const std::optional<double> rightSide = leftSide ? NumberOfSide(right) : std::nullopt;
+    return rightSide ? *leftSide == *rightSide : left.SameText(right);
 }
 
 bool CompareNumbers(int code, double left, double right) {

@@ -122,7 +122,7 @@ void ProgressTick(std::int64_t done, std::int64_t total) {
     if (percent == run.LastPercent) return;
     run.LastPercent = percent;
     const std::u16string text = Number(percent) + u"," + Number(done) + u"," + Number(total);
-    CallProcedureAsWord(FindSymbol(run.ProgressProc), text);
+    CallProcedureAsWord(FindSymbol(run.ProgressProc), Word(text));
 }
 
 }  // namespace velm

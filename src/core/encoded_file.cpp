@@ -24,9 +24,6 @@ constexpr int kMissingFile = 201;
 constexpr int kMissingFileOrQuotes = 204;
 constexpr int kUnreadableFile = 210;
 
-// What a path gives that was written without 「 」: its backslashes divided.
-constexpr std::u16string_view kPathWithoutQuotes = u"0";
-
 constexpr std::u16string_view kCsvEnding = u".csv";
 constexpr double kLargestByte = 255;
 
@@ -36,6 +33,12 @@ char ByteOfItem(std::u16string_view item) {
     const double rounded = std::nearbyint(*number);
     if (rounded < 0 || rounded > kLargestByte) throw Failure(failure::kOverflow);
     return static_cast<char>(static_cast<unsigned char>(rounded));
+}
+
+// Whether the path is a file that can be read to its end: no folder, pipe or device.
+bool HasContents(std::u16string_view path) {
+    const std::optional<FileInfo> info = StatFile(path);
+    return info && info->kind == EntryKind::kFile;
 }
 
 // The bytes of a file. A pipe or a device is no file: reading it might never end.
@@ -95,7 +98,7 @@ void AppendBytesOfList(std::u16string_view list, std::string& bytes) {
 }
 
 std::u16string ReadTextFile(std::u16string_view path) {
-    if (!IsPlainFile(path)) throw Failure(failure::kFileNotFound);
+    if (!HasContents(path)) throw Failure(failure::kFileNotFound);
     return DecodeCodePage932(ReadFileBytes(path));
 }
 
@@ -128,7 +131,7 @@ std::u16string LoadFile(std::u16string_view path, std::u16string_view encodingWo
 }
 
 std::u16string EncodeBase64File(std::u16string_view path) {
-    if (!IsPlainFile(path)) {
+    if (!HasContents(path)) {
         RaiseError(kMissingFile, kIconStop, path, u"", -1);
         return {};
     }

@@ -55,6 +55,9 @@ std::u16string EncodeBase64File(std::u16string_view path);
 // failure is not reported.
 bool RestoreBase64File(std::u16string_view path, std::u16string_view text);
 
+// What a path gives that was written without 「 」: its backslashes divided.
+inline constexpr std::u16string_view kPathWithoutQuotes = u"0";
+
 // Reports what kept a file from being read, by the number of the failure: message 201 or, with the hint
 // about 「 」, 204 where the file is missing, 210 for anything else.
 void ReportReadFailure(int number, std::u16string_view path, bool hint);

@@ -68,7 +68,7 @@ Value EvalJoin(const WordPlan& plan) {
 
 // Nothing knows the word: it is its own value.
 Value UnknownWord(const WordPlan& plan) {
-    if (!plan.arguments.empty()) {
+    if (!plan.arguments.IsEmpty()) {
         RaiseError(kUnknownFunction, 64, plan.whole, plan.whole, -1);
         if (run.ErrorMode == ErrorModes::kReport) {
             RaiseMessage(kEmptyVariableText, 0, 32, plan.whole, u"", -1);
@@ -92,8 +92,8 @@ Value EvalKnownName(const WordPlan& plan) {
 
 Value EvalName(const WordPlan& plan) {
     if (const Value* variable = FindVariable(plan.symbol)) {
-        if (plan.arguments.empty()) return *variable;
-        return ReadIndexed(*variable, plan.name, plan.subscript);
+        if (plan.arguments.IsEmpty()) return *variable;
+        return ReadIndexed(*variable, plan.name, plan.arguments.Pieces());
     }
     if (wordDictionary != nullptr && plan.kind == PlanKind::kName) {
         const auto found = wordDictionary->find(plan.symbol);
@@ -149,7 +149,7 @@ double EvalNumber(const Word& word) { return NumberOf(EvalWord(word)); }
 Value CallFunction(std::u16string_view name, bool& found, std::u16string_view arguments) {
     WordPlan plan;
     plan.name = Word(name);
-    plan.arguments = arguments;
+    plan.arguments = Word(arguments);
     if (!name.empty()) plan.symbol = plan.name.AsName();
     const FunctionBinding& binding = plan.Function();
     found = true;

@@ -113,8 +113,7 @@ void ExecCommand(Statement& statement) {
 void ExecAssignment(Statement& statement) {
     std::shared_ptr<const AssignmentTarget>& target = statement.Cache().target;
     if (!target) target = PlanTarget(statement.Verb);
-    const std::shared_ptr<const AssignmentTarget> held = target;
-    AssignWord(*held, statement.WoArg);
+    AssignWord(*target, statement.WoArg);
 }
 
 void ExecProperty(Statement& statement) {
@@ -159,6 +158,9 @@ Context& TheContext() {
 
 void ExecStatement(Statement& statement) {
     if (statement.Source.empty()) return;
+    // Its plans live in the statement, and the statement must live to the end of its run, whatever
+    // becomes of its program.
+    const StatementPtr held(&statement);
     const NestingGuard guard;
     if (guard.Exhausted()) return;
     if (hooks.RestartRepeatedMedia != nullptr) hooks.RestartRepeatedMedia();
@@ -185,9 +187,8 @@ void RunComnd(std::u16string_view sentence) { RunComnd(Word(sentence)); }
 void RunSentences(Statement& statement) {
     std::shared_ptr<SentenceList>& sentences = statement.Cache().sentences;
     if (!sentences) sentences = std::make_shared<SentenceList>(statement.Source);
-    const std::shared_ptr<SentenceList> held = sentences;
-    if (held->IsBarred()) return;
-    for (TemporarySentence& sentence : held->All()) {
+    if (sentences->IsBarred()) return;
+    for (TemporarySentence& sentence : sentences->All()) {
         sentence.Run();
         if (run.StopFlag || run.ReturnFlag) return;
     }

@@ -9,6 +9,8 @@
 #include <utility>
 
 #include "core/eval.h"
+#include "core/variables.h"
+#include "core/word_plan.h"
 #include "data/numbers.h"
 #include "data/text.h"
 #include "data/value.h"
@@ -176,6 +178,7 @@ std::optional<double> Apply(Operator op, double left, double right) {
 class NumberStack {
   public:
     explicit NumberStack(std::size_t size) {
+        numbers_[0] = 0;
         if (size > fixed_.size()) {
             large_.resize(size);
             numbers_ = large_.data();
@@ -196,11 +199,20 @@ class NumberStack {
     double Bottom() const { return numbers_[0]; }
 
   private:
-    std::array<double, 16> fixed_ = {};
+    std::array<double, 16> fixed_;
     std::vector<double> large_;
     double* numbers_ = fixed_.data();
     std::ptrdiff_t top_ = 0;
 };
+
+// The plain number of a word; most words here are variables, which need no value of their own.
+double NumberOfWord(const Word& word) {
+    const WordPlan& plan = word.Plan();
+    if (plan.kind == PlanKind::kName) {
+        if (const Value* variable = FindVariable(plan.symbol)) return variable->NumberOrZero();
+    }
+    return EvalWord(word).NumberOrZero();
+}
 
 }  // namespace
 
@@ -231,7 +243,7 @@ double Evaluate(const Expression& expression) {
         } else if (step.word.IsEmpty()) {
             stack.Push(step.number);
         } else {
-            stack.Push(EvalWord(step.word).NumberOrZero());
+            stack.Push(NumberOfWord(step.word));
         }
     }
     return RoundPlaces15(stack.Bottom());

@@ -120,9 +120,6 @@ IfPlan PlanIf(std::u16string_view text) {
 
 const IfPlan& PlanOf(Statement& statement, std::u16string_view text) {
     std::shared_ptr<const IfPlan>& plan = statement.Cache().condition;
-#ifdef VELM_NO_CACHES
-    plan.reset();
-#endif
     if (!plan) plan = std::make_shared<IfPlan>(PlanIf(text));
     return *plan;
 }
@@ -196,8 +193,7 @@ void RunPlan(const IfPlan& plan) {
     }
     bool result = EvalConditionList(plan.condition);
     if (plan.oneLine) {
-        const std::shared_ptr<TemporarySentence> part = result ? plan.thenPart : plan.elsePart;
-        part->Run();
+        (result ? plan.thenPart : plan.elsePart)->Run();
         return;
     }
     if (plan.inverted) result = !result;
@@ -212,17 +208,13 @@ void RunPlan(const IfPlan& plan) {
 void IfWalk::RunElseIf(Statement& statement) {
     const std::u16string_view source = statement.Source;
     run.CurLine = line_;
-    PlanOf(statement, source.substr(4));
-    const std::shared_ptr<const IfPlan> held = statement.cache->condition;
-    RunPlan(*held);
+    RunPlan(PlanOf(statement, source.substr(4)));
 }
 
 }  // namespace
 
 void ExecIf(Statement& statement) {
-    PlanOf(statement, statement.WoArg);
-    const std::shared_ptr<const IfPlan> held = statement.cache->condition;
-    RunPlan(*held);
+    RunPlan(PlanOf(statement, statement.WoArg));
 }
 
 namespace {

@@ -96,13 +96,10 @@ LoopPlan PlanLoop(const Statement& source) {
     return plan;
 }
 
-std::shared_ptr<const LoopPlan> PlanOf(Statement& statement) {
+const LoopPlan& PlanOf(Statement& statement) {
     std::shared_ptr<const LoopPlan>& plan = statement.Cache().loop;
-#ifdef VELM_NO_CACHES
-    plan.reset();
-#endif
     if (!plan) plan = std::make_shared<LoopPlan>(PlanLoop(statement));
-    return plan;
+    return *plan;
 }
 
 double WholeNumber(const Word& word) {
@@ -164,12 +161,12 @@ class Loop {
 
     void RunSentences() {
         std::vector<TemporarySentence>& sentences = plan_.body->All();
-        std::vector<TemporarySentence::Instance> ready;
+        std::vector<TemporarySentence::InstancePtr> ready;
         ready.reserve(sentences.size());
         for (TemporarySentence& sentence : sentences) ready.push_back(sentence.Take());
         for (double pass = 0; forever_ || pass < count_; ++pass) {
-            for (TemporarySentence::Instance& sentence : ready) {
-                if (!run.StopFlag) sentence.Exec();
+            for (const TemporarySentence::InstancePtr& sentence : ready) {
+                if (!run.StopFlag) sentence->Exec();
             }
             if (!EndPass()) break;
         }
@@ -242,13 +239,13 @@ class Loop {
 void CmdRepeat(Statement& statement, Context& /*context*/) {
     run.ReturnFlag = false;
     run.LoopBreakFlag = false;
-    const std::shared_ptr<const LoopPlan> plan = PlanOf(statement);
-    if (plan->fault == LoopPlan::Fault::kMissingWords) {
+    const LoopPlan& plan = PlanOf(statement);
+    if (plan.fault == LoopPlan::Fault::kMissingWords) {
         RaiseError(kMissingWords, kIconInformation, u"", u"", -1);
-    } else if (plan->fault == LoopPlan::Fault::kBadGrammar) {
+    } else if (plan.fault == LoopPlan::Fault::kBadGrammar) {
         RaiseMessage(kBadGrammarText, kBadGrammar, kIconInformation, u"", u"", -1);
     } else {
-        Loop(*plan).Run();
+        Loop(plan).Run();
     }
     run.LoopBreakFlag = false;
 }

@@ -30,9 +30,8 @@ void CollectMatches(const Regex& regex, std::u16string_view text,
 std::vector<std::u16string_view> RegexMatches(std::u16string_view pattern,
                                               std::u16string_view text) {
     std::vector<std::u16string_view> matches;
-    const bool done = Attempt([&] {
-        CollectMatches(*CompileRegex(pattern, RegexCase::kIgnore), text, matches);
-    });
+    const bool done =
+        Attempt([&] { CollectMatches(*CompileRegex(pattern, RegexCase::kIgnore), text, matches); });
     if (!done) {
         matches.clear();
         ReportPattern(PatternReport::kNumber);

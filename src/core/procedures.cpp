@@ -89,36 +89,28 @@ Value BindWord(Word& word) {
     return EvalWord(held);
 }
 
-CallWords CutPositional(std::u16string_view text) {
-    CallWords words;
-    if (text.empty()) return words;
-    const std::u16string normalised = NormaliseCommas(text);
-    for (const std::u16string_view piece : CutAtCommas(normalised)) words.emplace_back(Trim(piece));
-    return words;
-}
 
 void BindParameters(const ParameterSpec& spec, CallWords& words, Scope& locals) {
     const std::size_t count = std::min(words.size(), spec.names.size());
     for (std::size_t i = 0; i < count; ++i) {
         Attempt([&] {
             Value value = BindWord(words[i]);
-            const Word& name = spec.names[i];
-            if (!name.IsEmpty()) locals.Add(name.AsName(), name, std::move(value));
+            locals.Add(spec.names[i], std::move(value));
         });
     }
     pendingFailure.Clear();
 }
 
 CallWords WordsOfSentence(const ParameterSpec& spec, Statement& statement) {
-    if (spec.positional) return CutPositional(statement.WoArg);
+    if (spec.positional) return statement.WoArg.Pieces();
     CallWords words(spec.particles.size());
     const std::vector<std::u16string_view> particles(spec.particles.begin(), spec.particles.end());
     Attempt([&] { SplitByParticles(statement, particles, words); });
     return words;
 }
 
-CallWords WordsOfArguments(const ParameterSpec& spec, std::u16string_view arguments) {
-    if (spec.positional) return CutPositional(arguments);
+CallWords WordsOfArguments(const ParameterSpec& spec, const Word& arguments) {
+    if (spec.positional) return arguments.Pieces();
     CallWords words;
     for (const std::u16string& word : SortByParticles(spec.byParticle, arguments)) {
         words.emplace_back(Trim(word));
@@ -140,7 +132,7 @@ void CopyOut(const ParameterSpec& spec, const Scope& finished, const CallWords& 
 }
 
 // Calls a body with its own locals; the caller's are put back afterwards.
-void RunBody(const xxCmdData& entry, std::shared_ptr<Scope> locals) {
+void RunBody(const xxCmdData& entry, ScopePtr locals) {
     Locals = std::move(locals);
     run.Response = Value();
     RunEventBody(entry);
@@ -148,18 +140,18 @@ void RunBody(const xxCmdData& entry, std::shared_ptr<Scope> locals) {
 
 void CallWithWords(xxCmdData& entry, CallWords words) {
     const std::shared_ptr<const ParameterSpec> spec = entry.Parameters;
-    auto locals = std::make_shared<Scope>();
-    const std::shared_ptr<Scope> saved = Locals;
+    ScopePtr locals(new Scope);
+    const ScopePtr saved = Locals;
     BindParameters(*spec, words, *locals);
     RunBody(entry, std::move(locals));
-    const std::shared_ptr<Scope> finished = Locals;
+    const ScopePtr finished = Locals;
     Locals = saved;
     if (entry.Name.starts_with(u'!') && finished) CopyOut(*spec, *finished, words);
 }
 
 void CallWithoutWords(const xxCmdData& entry) {
-    const std::shared_ptr<Scope> saved = Locals;
-    RunBody(entry, nullptr);
+    const ScopePtr saved = Locals;
+    RunBody(entry, ScopePtr());
     Locals = saved;
 }
 
@@ -209,13 +201,13 @@ bool CallProcedureAsCommand(Symbol* name, bool withSource, Statement& statement)
     return true;
 }
 
-bool CallProcedureAsWord(Symbol* name, std::u16string_view arguments) {
+bool CallProcedureAsWord(Symbol* name, const Word& arguments) {
     xxCmdData* entry = Procedures.Find(name);
     if (entry == nullptr) return false;
     const NestingGuard guard;
     if (guard.Exhausted()) return true;
     if (entry->Value.IsEmpty()) {
-        if (arguments.empty()) {
+        if (arguments.IsEmpty()) {
             CallWithoutWords(*entry);
         } else {
             RefuseWords(*entry, u"関数");

@@ -28,7 +28,7 @@ void RegisterProcedures(const Program& program, std::int32_t index);
 // withSource: the sentence holds words for it (its verb is the name), else it is the name itself.
 bool CallProcedureAsCommand(Symbol* name, bool withSource, Statement& statement);
 // Calls it from a word; its value is then in run.Response.
-bool CallProcedureAsWord(Symbol* name, std::u16string_view arguments);
+bool CallProcedureAsWord(Symbol* name, const Word& arguments);
 // Runs a procedure's body with no argument binding, for events. False when there is no such procedure.
 bool CallEventProcedure(std::u16string_view name);
 // Calls the procedure of a name without words, as a sentence would.

@@ -6,42 +6,19 @@
 
 #include "core/diagnostics.h"
 #include "core/protection.h"
+#include "core/registry_names.h"
 #include "data/code_page_932.h"
 #include "data/failure.h"
 #include "data/lists.h"
 #include "data/text.h"
-#include "data/width.h"
 
 namespace velm {
 
 namespace {
 
 constexpr int kWriteFailed = 26;
-constexpr int kBadKey = 32;
 constexpr std::size_t kMostBytes = 256;
 constexpr std::size_t kNumberBytes = 4;
-
-struct RootName {
-    std::u16string_view name;
-    std::uint32_t root;
-};
-
-constexpr RootName kRoots[] = {
-    {u"HKEY_CLASSES_ROOT", store_root::kClassesRoot},
-    {u"HKEY_CURRENT_USER", store_root::kCurrentUser},
-    {u"HKEY_LOCAL_MACHINE", store_root::kLocalMachine},
-    {u"HKEY_USERS", store_root::kUsers},
-    {u"HKEY_PERFORMANCE_DATA", store_root::kPerformanceData},
-    {u"HKEY_CURRENT_CONFIG", store_root::kCurrentConfig},
-    {u"HKEY_DYN_DATA", store_root::kDynData},
-};
-
-std::u16string_view NameOfRoot(std::uint32_t root) {
-    for (const RootName& row : kRoots) {
-        if (row.root == root) return row.name;
-    }
-    return {};
-}
 
 void AppendHex(std::u16string& text, char byte) {
     constexpr std::u16string_view digits = u"0123456789ABCDEF";
@@ -78,15 +55,6 @@ std::u16string TextOf(const StoredValue& value) {
 
 }  // namespace
 
-std::uint32_t RootKeyFromName(std::u16string_view name) {
-    const std::u16string wanted = ToUpper(name);
-    for (const RootName& row : kRoots) {
-        if (row.name == wanted) return row.root;
-    }
-    RaiseError(kBadKey, kIconStop, name, u"", -1);
-    return 0;
-}
-
 RegistryPlace CutRegistryPath(std::u16string_view path) {
     RegistryPlace place;
     const std::size_t first = path.find(u'\\');
@@ -117,8 +85,7 @@ bool WriteAllowedRegistryString(const StorePath& key, std::u16string_view name,
     stored.bytes = EncodeCodePage932(value) + '\0';
     const StorePath cut = {key.root, std::u16string(BeforeNul(key.key))};
     if (Attempt([&] { WriteStoredValue(cut, BeforeNul(name), stored); })) return true;
-    std::u16string path(NameOfRoot(key.root));
-    path.append(u"\\").append(key.key).append(u"\\").append(name);
+    const std::u16string path = RootName(key.root) + u"\\" + key.key + u"\\" + std::u16string(name);
     RaiseError(kWriteFailed, kIconWarning, path, u"", -1);
     return false;
 }

@@ -1,17 +1,14 @@
 // The registry as scripts see it: a tree of keys under seven roots. The commands 設定, 関連づけ and 削除
-// and the functions that read come here; the tree itself is kept by platform/settings_store.h.
+// and the functions that read come here; the tree itself is kept by platform/settings_store.h, the
+// names of its roots are in core/registry_names.h.
 #pragma once
 
-#include <cstdint>
 #include <string>
 #include <string_view>
 
 #include "platform/settings_store.h"
 
 namespace velm {
-
-// The number of a root by its name, in any letter case; 0 for an unknown one, which is reported (32).
-std::uint32_t RootKeyFromName(std::u16string_view name);
 
 // ROOT\key\value cut at its first and its last backslash.
 struct RegistryPlace {

@@ -1,6 +1,8 @@
 // See registry_names.h.
 #include "core/registry_names.h"
 
+#include <iterator>
+
 #include "core/diagnostics.h"
 #include "data/width.h"
 
@@ -28,6 +30,11 @@ std::int32_t RootKeyFromName(std::u16string_view name) {
     }
     RaiseError(kBadKey, kIconStop, name, u"", -1);
     return 0;
+}
+
+std::u16string RootName(std::int32_t root) {
+    const std::uint32_t index = static_cast<std::uint32_t>(root) - kFirstRoot;
+    return index < std::size(kRoots) ? std::u16string(kRoots[index]) : std::u16string();
 }
 
 }  // namespace velm

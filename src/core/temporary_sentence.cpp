@@ -52,28 +52,26 @@ void TemporarySentence::Instance::Exec() {
         run.Response = Value();
     }
     renewed_ = false;
-    const StatementPtr held = statement_;
-    ExecStatement(*held);
+    ExecStatement(*statement_);
 }
 
-TemporarySentence::Instance TemporarySentence::Take() {
+TemporarySentence::InstancePtr TemporarySentence::Take() {
+    InstancePtr instance;
 #ifndef VELM_NO_CACHES
     if (!spare_.empty()) {
-        Instance instance = std::move(spare_.back());
+        instance = std::move(spare_.back());
         spare_.pop_back();
-        instance.Renew();
-        return instance;
     }
 #endif
-    Instance instance(text_);
-    instance.Renew();
+    if (!instance) instance = std::make_unique<Instance>(text_);
+    instance->Renew();
     return instance;
 }
 
 void TemporarySentence::Run() {
     if (text_.IsEmpty()) return;
-    Instance instance = Take();
-    instance.Exec();
+    InstancePtr instance = Take();
+    instance->Exec();
     Return(std::move(instance));
 }
 

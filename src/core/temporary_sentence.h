@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string_view>
 #include <vector>
 
@@ -38,9 +39,11 @@ class TemporarySentence {
         bool renewed_ = false;
     };
 
+    using InstancePtr = std::unique_ptr<Instance>;
+
     // A renewed copy for the caller's use; given back with Return.
-    Instance Take();
-    void Return(Instance instance) { spare_.push_back(std::move(instance)); }
+    InstancePtr Take();
+    void Return(InstancePtr instance) { spare_.push_back(std::move(instance)); }
 
     // Runs the sentence once.
     void Run();
@@ -49,7 +52,7 @@ class TemporarySentence {
 
   private:
     Word text_;
-    std::vector<Instance> spare_;
+    std::vector<InstancePtr> spare_;
 };
 
 // The sentences of a line, as 。 cuts them.

@@ -16,7 +16,7 @@
 
 namespace velm {
 
-std::shared_ptr<Scope> Locals;
+ScopePtr Locals;
 
 namespace {
 
@@ -30,7 +30,7 @@ constexpr std::int64_t kLargestIndex = 20'000'000;
 // The place that an index means, from 0; -1 stands for the whole.
 struct Index {
     bool isKey = false;
-    std::u16string key;
+    Value key;
     bool hasRow = false;
     std::int64_t row = -1;
     std::int64_t column = -1;
@@ -43,10 +43,10 @@ std::int64_t PositionOf(const Value& value) {
 
 Index EvalIndex(const std::vector<Word>& subscript) {
     Index index;
-    const Value first = subscript.empty() ? Value() : EvalWord(subscript[0]);
+    Value first = subscript.empty() ? Value() : EvalWord(subscript[0]);
     if (!first.IsNumeric()) {
         index.isKey = true;
-        index.key = first.Text();
+        index.key = std::move(first);
         return index;
     }
     if (subscript.size() < 2) {
@@ -91,7 +91,7 @@ void StoreAt(Value& table, const Index& index, const Value& value) {
     const auto row = static_cast<std::size_t>(index.row);
     const auto column = static_cast<std::size_t>(index.column);
     if (index.isKey) {
-        table.SetEntry(index.key, value);
+        table.SetEntry(index.key.Text(), value);
     } else if (index.hasRow && index.column < 0) {
         table.SetRow(row, value);
     } else if (index.hasRow) {
@@ -139,17 +139,20 @@ void StoreIndexed(const AssignmentTarget& target, Value value) {
 
 }  // namespace
 
-bool Scope::Add(Symbol* symbol, std::u16string_view name, Value value) {
-    if (symbol == nullptr || Find(symbol) != nullptr) return false;
-    locals_.push_back({symbol, std::u16string(name), std::move(value)});
+void ScopePtr::Destroy(Scope* scope) noexcept { delete scope; }
+
+bool Scope::Add(const Word& name, Value value) {
+    if (name.IsEmpty() || Find(name.AsName()) != nullptr) return false;
+    locals_.push_back({name.AsName(), name, std::move(value)});
     return true;
 }
 
 Scope& LocalsForChange() {
     if (!Locals) {
-        Locals = std::make_shared<Scope>();
-    } else if (Locals.use_count() > 1) {
-        Locals = std::make_shared<Scope>(*Locals);
+        Locals = ScopePtr(new Scope);
+    } else if (Locals.IsShared()) {
+        Locals = ScopePtr(new Scope(*Locals));
+        Locals->owners = 1;
     }
     return *Locals;
 }
@@ -203,7 +206,7 @@ Value ReadIndexed(const Value& variable, std::u16string_view name,
     const Value table = variable;  // evaluating the index may change the variable
     const Index index = EvalIndex(subscript);
     if (!CheckIndex(index, name, false)) return Value();
-    if (index.isKey) return table.Entry(index.key);
+    if (index.isKey) return table.Entry(index.key.Text());
     const auto row = static_cast<std::size_t>(index.row);
     const auto column = static_cast<std::size_t>(index.column);
     if (index.column >= 0) {

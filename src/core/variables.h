@@ -2,9 +2,11 @@
 // may carry an index in brackets: a position in a list or table, or a key of a dictionary.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "core/names.h"
@@ -19,7 +21,7 @@ class Scope {
   public:
     struct Local {
         Symbol* symbol;
-        std::u16string name;
+        Word name;
         Value value;
     };
 
@@ -30,15 +32,47 @@ class Scope {
         return nullptr;
     }
     // Adds a variable; one of that name that is there already stays as it is, and false is returned.
-    bool Add(Symbol* symbol, std::u16string_view name, Value value);
+    bool Add(const Word& name, Value value);
     const std::vector<Local>& InOrder() const { return locals_; }
+
+    std::uint32_t owners = 0;
 
   private:
     std::vector<Local> locals_;
 };
 
+// Counted handle of a scope.
+class ScopePtr {
+  public:
+    ScopePtr() noexcept = default;
+    explicit ScopePtr(Scope* scope) noexcept : scope_(scope) { Retain(); }
+    ScopePtr(const ScopePtr& other) noexcept : scope_(other.scope_) { Retain(); }
+    ScopePtr(ScopePtr&& other) noexcept : scope_(std::exchange(other.scope_, nullptr)) {}
+    ScopePtr& operator=(ScopePtr other) noexcept {
+        std::swap(scope_, other.scope_);
+        return *this;
+    }
+    ~ScopePtr() {
+        if (scope_ != nullptr && --scope_->owners == 0) Destroy(scope_);
+    }
+
+    Scope& operator*() const { return *scope_; }
+    Scope* operator->() const { return scope_; }
+    explicit operator bool() const { return scope_ != nullptr; }
+    bool IsShared() const { return scope_->owners > 1; }
+
+  private:
+    void Retain() {
+        if (scope_ != nullptr) ++scope_->owners;
+    }
+
+    static void Destroy(Scope* scope) noexcept;
+
+    Scope* scope_ = nullptr;
+};
+
 // The local variables in force; null when there are none.
-extern std::shared_ptr<Scope> Locals;
+extern ScopePtr Locals;
 
 // The locals, made if there are none, for a change: a scope that somebody keeps is copied.
 Scope& LocalsForChange();

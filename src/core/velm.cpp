@@ -69,7 +69,7 @@ void ResetRunState() {
     eventData = EventData();
     Globals.Clear();
     Procedures.Clear();
-    Locals.reset();
+    Locals = ScopePtr();
     wordDictionary = nullptr;
     run.Response = Value();
     run.CurrentStatement = StatementPtr();
@@ -199,7 +199,7 @@ std::u16string Velm::GetForEditor(std::int16_t what) const {
     std::vector<std::u16string> names;
     if (Locals) {
         for (const Scope::Local& local : Locals->InOrder()) {
-            names.push_back(local.name + u"\t手順内のみ");
+            names.push_back(local.name.Text() + u"\t手順内のみ");
         }
     }
     for (const xxCmdData* entry : Globals.InOrder()) names.push_back(entry->Name);

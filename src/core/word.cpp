@@ -29,6 +29,15 @@ const WordPlan& Word::Plan() const {
     return *body_->plan;
 }
 
+const std::vector<Word>& Word::Pieces() const {
+    static const std::vector<Word> none;
+    if (body_ == nullptr) return none;
+    if (!body_->pieces) {
+        body_->pieces = std::make_unique<const std::vector<Word>>(CutWords(body_->text));
+    }
+    return *body_->pieces;
+}
+
 Symbol* Word::AsName() const {
     if (body_->symbol == nullptr) body_->symbol = Intern(body_->text);
     return body_->symbol;

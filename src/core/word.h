@@ -9,6 +9,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace velm {
 
@@ -43,6 +44,8 @@ class Word {
 
     // What the text is, worked out at the first asking. Not for an empty word.
     const WordPlan& Plan() const;
+    // The pieces between the commas outside brackets, trimmed; none for an empty word.
+    const std::vector<Word>& Pieces() const;
     // The symbol of the whole text as a name. Not for an empty word.
     Symbol* AsName() const;
 
@@ -52,6 +55,7 @@ class Word {
         std::u16string text;
         std::shared_ptr<const WordPlan> plan;
         Symbol* symbol = nullptr;
+        std::unique_ptr<const std::vector<Word>> pieces;
     };
 
     static void Destroy(Body* body) noexcept;

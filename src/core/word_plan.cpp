@@ -31,7 +31,8 @@ bool PlanNumber(std::u16string_view word, WordPlan& plan) {
     const std::u16string_view bare = WithoutNumberBrackets(word);
     if (bare.size() != word.size()) plan.rewritten = bare;
     plan.kind = PlanKind::kNumber;
-    plan.constant = Value(bare);
+    double number = 0;
+    plan.constant = IsCanonicalNumber(bare, number) ? Value::OfNumber(number) : Value(bare);
     return true;
 }
 
@@ -100,8 +101,7 @@ void PlanBrackets(std::u16string_view word, WordPlan& plan) {
         return;
     }
     PlanName(word, word.substr(0, open), plan);
-    plan.arguments = word.substr(open + 1, word.size() - open - 2);
-    plan.subscript = CutWords(plan.arguments);
+    plan.arguments = Word(word.substr(open + 1, word.size() - open - 2));
 }
 
 void PlanRest(std::u16string_view word, WordPlan& plan) {
@@ -168,7 +168,7 @@ std::shared_ptr<const WordPlan> PlanWord(std::u16string_view text) {
 std::vector<Word> CutWords(std::u16string_view text) {
     const std::u16string normalised = NormaliseCommas(text);
     std::vector<Word> words;
-    for (const std::u16string_view piece : CutAtCommas(normalised)) words.emplace_back(piece);
+    for (const std::u16string_view piece : CutAtCommas(normalised)) words.emplace_back(Trim(piece));
     return words;
 }
 
@@ -197,7 +197,7 @@ void WordPlan::Bind() const {
         answerWord_ = Value(answer);
         return;
     }
-    if (arguments.empty()) function_ = BindBySuffix(name);
+    if (arguments.IsEmpty()) function_ = BindBySuffix(name);
 }
 
 }  // namespace velm

@@ -55,9 +55,8 @@ class WordPlan {
     // kName and kCall
     Word name;
     Word whole;  // the word itself, its own value when nothing knows it
-    std::u16string arguments;
+    Word arguments;
     Symbol* symbol = nullptr;
-    std::vector<Word> subscript;  // the arguments as the subscript of a table
 
     // The function that the name stands for with its arguments, or none; found at the first asking.
     const FunctionBinding& Function() const;
@@ -76,7 +75,7 @@ class WordPlan {
 // The plan of a text.
 std::shared_ptr<const WordPlan> PlanWord(std::u16string_view text);
 
-// The words of a subscript or an argument list, cut at commas outside brackets.
+// The words of a subscript or an argument list, cut at commas outside brackets and trimmed.
 std::vector<Word> CutWords(std::u16string_view text);
 
 }  // namespace velm

@@ -101,19 +101,13 @@ std::u16string JoinList(const std::vector<std::u16string>& items, std::u16string
     return out;
 }
 
-std::vector<std::u16string> ColumnOfTable(std::u16string_view text, int column) {
-    const std::u16string normalised = NormaliseCommas(text);
-    std::vector<std::u16string> items;
-    if (column <= 0) {
-        for (const std::u16string_view item : Split(normalised, u",")) items.emplace_back(item);
-        return items;
+std::u16string ListOfNames(const std::vector<std::u16string>& names) {
+    std::u16string out;
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        if (i != 0) out += u',';
+        out.append(EscapeItem(names[i]));
     }
-    for (const std::u16string_view line : SplitLines(normalised)) {
-        const std::vector<std::u16string_view> cells = Split(line, u",");
-        const auto index = static_cast<std::size_t>(column - 1);
-        items.emplace_back(index < cells.size() ? cells[index] : std::u16string_view());
-    }
-    return items;
+    return out;
 }
 
 std::u16string EscapeLineBreaks(std::u16string_view text) {

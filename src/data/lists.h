@@ -22,9 +22,9 @@ void AppendItem(std::u16string& list, std::u16string_view item);
 // Each item that is not numeric is escaped; joined with the separator.
 std::u16string JoinList(const std::vector<std::u16string>& items, std::u16string_view separator);
 
-// For a table (column above 0) the n-th item of each line; with column 0 the items of the row. Raw
-// items, not unescaped.
-std::vector<std::u16string> ColumnOfTable(std::u16string_view text, int column);
+// The list of names of any kind: each is escaped, also one that looks like a number ("1,000"); joined
+// with ",".
+std::u16string ListOfNames(const std::vector<std::u16string>& names);
 
 // One entry of a dictionary text: lines of key=value, the first line that matches wins, letter case
 // counts. SetDictValue replaces the line where it stands or adds one at the end; GetDictValue reads

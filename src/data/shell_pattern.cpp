@@ -30,8 +30,8 @@ bool MatchesSet(std::u16string_view set, char16_t unit) {
 
 // One element of a pattern other than "*".
 struct Element {
-    std::size_t length;      // of the element in the pattern
-    std::size_t taken;       // units of the text that it stands for: 0 or 1
+    std::size_t length;       // of the element in the pattern
+    std::size_t taken;        // units of the text that it stands for: 0 or 1
     std::u16string_view set;  // what stands between "[" and "]"
 };
 
@@ -65,8 +65,8 @@ bool MatchesShellPattern(std::u16string_view text, std::u16string_view pattern) 
         if (in == pattern.size() && at == text.size()) return true;
         if (in < pattern.size()) {
             const Element element = ElementAt(pattern, in);
-            const bool fits = element.taken == 0 ||
-                              (at < text.size() && Matches(element, pattern[in], text[at]));
+            const bool fits =
+                element.taken == 0 || (at < text.size() && Matches(element, pattern[in], text[at]));
             if (fits) {
                 in += element.length;
                 at += element.taken;

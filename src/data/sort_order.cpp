@@ -129,7 +129,8 @@ std::size_t NextGap(std::size_t gap) { return (gap + 1) / 3; }
 KeyRanks RankNumbers(const std::vector<double>& keys) {
     std::vector<NumberKey> sorted;
     sorted.reserve(keys.size());
-    for (const double key : keys) sorted.push_back({key, static_cast<std::uint32_t>(sorted.size())});
+    for (const double key : keys)
+        sorted.push_back({key, static_cast<std::uint32_t>(sorted.size())});
     return RanksOf(sorted);
 }
 

@@ -8,7 +8,8 @@
 
 namespace velm {
 
-std::vector<std::u16string_view> SplitParts(std::u16string_view text, std::u16string_view separator) {
+std::vector<std::u16string_view> SplitParts(std::u16string_view text,
+                                            std::u16string_view separator) {
     if (text.empty()) return {};
     return Split(text, separator);
 }

@@ -32,6 +32,7 @@ class TableColumn {
 std::u16string_view CellOfRow(std::u16string_view row, std::size_t index, bool& found);
 
 // The parts between the separators; no part for the empty text.
-std::vector<std::u16string_view> SplitParts(std::u16string_view text, std::u16string_view separator);
+std::vector<std::u16string_view> SplitParts(std::u16string_view text,
+                                            std::u16string_view separator);
 
 }  // namespace velm

@@ -110,8 +110,6 @@ std::optional<double> Value::Number() const {
     return number;
 }
 
-double Value::NumberOrZero() const { return Number().value_or(0); }
-
 bool Value::SameText(const Value& other) const {
     if (record_ == &kNumberRecord && other.record_ == &kNumberRecord) {
         return number_ == other.number_;

@@ -70,7 +70,9 @@ class Value {
     std::optional<double> Number() const;
     bool IsNumeric() const { return Number().has_value(); }
     // The plain conversion: 0 for a text that is no number.
-    double NumberOrZero() const;
+    double NumberOrZero() const {
+        return record_ == &kNumberRecord ? number_ : Number().value_or(0);
+    }
     // True, with the number, when this value is held as a number and nobody asked for text yet.
     bool IsPlainNumber(double& number) const {
         number = number_;

@@ -31,7 +31,6 @@ namespace {
 // The roots of all drives: the whole file system is one drive.
 constexpr std::u16string_view kDrives[] = {u"C:\\"};
 
-constexpr std::u16string_view kPathWithoutQuotes = u"0";
 constexpr std::u16string_view kAttributeByNumber = u"0";
 constexpr std::u16string_view kUnknownAttribute = u"取得したい属性を指定して下さい";
 constexpr int kUnnumbered = 0;
@@ -74,8 +73,7 @@ bool FileHasAttribute(std::u16string_view file, std::u16string_view word) {
         return false;
     }
     bool set = false;
-    const bool read =
-        Attempt([&] { set = (StatFileOrFail(file).attributes & *mask) == *mask; });
+    const bool read = Attempt([&] { set = (StatFileOrFail(file).attributes & *mask) == *mask; });
     if (!read) ReportReadFailure(pendingFailure.number, file, file == kPathWithoutQuotes);
     return set;
 }
@@ -102,12 +100,7 @@ std::u16string RelativePath(std::u16string_view base, std::u16string_view target
 }
 
 void ListInto(Value& result, const Arguments& arguments, SearchFor wanted, SearchIn extent) {
-    std::u16string list;
-    for (const std::u16string& name : FindByPattern(OneText(arguments), wanted, extent)) {
-        if (!list.empty()) list += u',';
-        list += EscapeItem(name);
-    }
-    result = Value(std::move(list));
+    result = Value(ListOfNames(FindByPattern(OneText(arguments), wanted, extent)));
 }
 
 }  // namespace
@@ -238,12 +231,7 @@ void FnAllFolders(Value& result, Arguments& arguments) {
 }
 
 void FnDrives(Value& result, Arguments&) {
-    std::u16string list;
-    for (const std::u16string_view drive : kDrives) {
-        if (!list.empty()) list += u',';
-        list += drive;
-    }
-    result = Value(std::move(list));
+    result = Value(ListOfNames({std::begin(kDrives), std::end(kDrives)}));
 }
 
 void FnCurrentFolder(Value& result, Arguments&) { result = Value(WithBackslash(CurrentFolder())); }

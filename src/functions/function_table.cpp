@@ -1,24 +1,24 @@
 // The one ordered list of functions. A handler is a function in its topic's file.
 #include "functions/function_table.h"
 
+#include "core/tables.h"
 #include "functions/date_functions.h"
 #include "functions/encoding_functions.h"
 #include "functions/file_functions.h"
 #include "functions/format_functions.h"
 #include "functions/japanese_functions.h"
 #include "functions/number_functions.h"
+#include "functions/pattern_functions.h"
 #include "functions/question_functions.h"
 #include "functions/registry_functions.h"
 #include "functions/state_functions.h"
 #include "functions/system_functions.h"
-#include "functions/pattern_functions.h"
 #include "functions/table_edit_functions.h"
 #include "functions/table_functions.h"
 #include "functions/table_statistics.h"
 #include "functions/text_functions.h"
-#include "functions/turtle_functions.h"
 #include "functions/text_search_functions.h"
-#include "core/tables.h"
+#include "functions/turtle_functions.h"
 
 namespace velm {
 

@@ -9,6 +9,7 @@
 #include "core/diagnostics.h"
 #include "core/eval.h"
 #include "core/registry.h"
+#include "core/registry_names.h"
 #include "core/setting_place.h"
 #include "core/stored_settings.h"
 #include "data/lists.h"
@@ -33,7 +34,7 @@ void ListBelow(Value& result, const Arguments& arguments, ListNames list) {
         RaiseError(kBadKey, kIconWarning, path, u"", -1);
         return;
     }
-    const std::uint32_t root = RootKeyFromName(std::u16string_view(path).substr(0, backslash));
+    const std::int32_t root = RootKeyFromName(std::u16string_view(path).substr(0, backslash));
     if (root == 0) return;
     std::vector<std::u16string> names = list({root, path.substr(backslash + 1)});
     for (std::u16string& name : names) name = EscapeItem(name);
@@ -42,7 +43,7 @@ void ListBelow(Value& result, const Arguments& arguments, ListNames list) {
 
 std::u16string ReadFromRegistry(const SettingPlace& place, const std::u16string& defaultText) {
     const RegistryPlace cut = CutRegistryPath(place.Part(1));
-    const std::uint32_t root = RootKeyFromName(cut.root);
+    const std::int32_t root = RootKeyFromName(cut.root);
     bool found = false;
     return root == 0 ? std::u16string()
                      : ReadRegistry({root, cut.key}, cut.name, defaultText, found);

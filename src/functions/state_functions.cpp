@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/event_data.h"
 #include "core/run_state.h"
@@ -36,27 +37,20 @@ std::u16string_view NameOfRunMode(RunModes mode) {
 }
 
 // The pieces between the blanks outside double quotes, without the quotes; empty ones are left out.
-std::u16string ListOfCommandLine(std::u16string_view line) {
-    std::u16string list;
-    std::u16string piece;
+std::vector<std::u16string> CutCommandLine(std::u16string_view line) {
+    std::vector<std::u16string> pieces(1);
     bool quoted = false;
-    const auto endPiece = [&] {
-        if (piece.empty()) return;
-        if (!list.empty()) list += u',';
-        list += EscapeItem(piece);
-        piece.clear();
-    };
     for (const char16_t unit : line) {
         if (unit == u'"') {
             quoted = !quoted;
         } else if (unit == u' ' && !quoted) {
-            endPiece();
+            pieces.emplace_back();
         } else {
-            piece += unit;
+            pieces.back() += unit;
         }
     }
-    endPiece();
-    return list;
+    std::erase(pieces, std::u16string());
+    return pieces;
 }
 
 // The part of the build's version behind its last point.
@@ -77,7 +71,7 @@ void FnRunMode(Value& result, Arguments&) { result = Value(NameOfRunMode(process
 void FnCommandLine(Value& result, Arguments&) { result = Value(process.CommandLine); }
 
 void FnSelectedFiles(Value& result, Arguments&) {
-    result = Value(ListOfCommandLine(process.CommandLine));
+    result = Value(ListOfNames(CutCommandLine(process.CommandLine)));
 }
 
 void FnScriptFolder(Value& result, Arguments&) { result = Value(FolderOf(process.ProgramPath)); }

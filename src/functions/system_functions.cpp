@@ -36,13 +36,6 @@ constexpr std::int32_t kKeyShift = 0x10;
 constexpr std::int32_t kKeyControl = 0x11;
 constexpr std::int32_t kKeyAlt = 0x12;
 
-// A list of names, each escaped whatever it looks like.
-std::u16string ListOfNames(const std::vector<std::u16string>& names) {
-    std::vector<std::u16string> items;
-    for (const std::u16string& name : names) items.push_back(EscapeItem(name));
-    return Join(items, u",");
-}
-
 // The number of a key: a single character, or a line break, goes by its character code, anything longer
 // is the virtual key's number. Fails for the empty text.
 std::int32_t KeyNumber(const Value& key) {

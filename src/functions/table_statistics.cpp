@@ -34,8 +34,8 @@ float SingleMean(const TableColumn& items, float share) {
     float mean = 0;
     for (const std::u16string_view item : items.Items()) {
         Attempt([&] {
-            const double sum = static_cast<double>(mean) +
-                               static_cast<double>(share) * TextToNumber(item);
+            const double sum =
+                static_cast<double>(mean) + static_cast<double>(share) * TextToNumber(item);
             mean = static_cast<float>(sum);
         });
     }

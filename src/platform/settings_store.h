@@ -15,17 +15,17 @@
 
 namespace velm {
 
-// The roots of the tree: seven of the registry, by the home platform's numbers, and one for the settings
-// of scripts.
+// The roots of the tree: seven of the registry, by the home platform's numbers as 32-bit values with their
+// high bit set, and one for the settings of scripts.
 namespace store_root {
-constexpr std::uint32_t kClassesRoot = 0x80000000;
-constexpr std::uint32_t kCurrentUser = 0x80000001;
-constexpr std::uint32_t kLocalMachine = 0x80000002;
-constexpr std::uint32_t kUsers = 0x80000003;
-constexpr std::uint32_t kPerformanceData = 0x80000004;
-constexpr std::uint32_t kCurrentConfig = 0x80000005;
-constexpr std::uint32_t kDynData = 0x80000006;
-constexpr std::uint32_t kUserSettings = 1;
+constexpr std::int32_t kClassesRoot = -0x7FFFFFFF - 1;
+constexpr std::int32_t kCurrentUser = -0x7FFFFFFF - 1 + 1;
+constexpr std::int32_t kLocalMachine = -0x7FFFFFFF - 1 + 2;
+constexpr std::int32_t kUsers = -0x7FFFFFFF - 1 + 3;
+constexpr std::int32_t kPerformanceData = -0x7FFFFFFF - 1 + 4;
+constexpr std::int32_t kCurrentConfig = -0x7FFFFFFF - 1 + 5;
+constexpr std::int32_t kDynData = -0x7FFFFFFF - 1 + 6;
+constexpr std::int32_t kUserSettings = 1;
 }  // namespace store_root
 
 // Types of values, by the home platform's numbers.
@@ -43,7 +43,7 @@ struct StoredValue {
 
 // A key, or with a name a value of it; an empty name is the key's default value.
 struct StorePath {
-    std::uint32_t root = 0;
+    std::int32_t root = 0;
     std::u16string key;
 };
 

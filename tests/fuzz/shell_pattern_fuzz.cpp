@@ -44,7 +44,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::u16string all(data, data + std::min(size, kLongest));
     const std::size_t cut = std::min(all.find(u'\n'), all.size());
     const std::u16string_view text = std::u16string_view(all).substr(0, cut);
-    const std::u16string_view pattern = std::u16string_view(all).substr(std::min(cut + 1, all.size()));
+    const std::u16string_view pattern =
+        std::u16string_view(all).substr(std::min(cut + 1, all.size()));
     fuzz::Require(MatchesShellPattern(text, pattern) == Plainly(text, pattern));
     return 0;
 }

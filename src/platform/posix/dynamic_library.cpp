@@ -100,8 +100,9 @@ void* LoadByName(const std::string& name) {
         }
     }
     // libc.so is a text for the linker, and libz.so belongs to the development files.
-    if (void* handle = LoadVersioned("lib" + name + ".so")) return handle;
-    return LoadVersioned(name + ".so");
+    const std::string base = name.ends_with(".so") ? name : name + ".so";
+    if (void* handle = LoadVersioned("lib" + base)) return handle;
+    return LoadVersioned(base);
 }
 
 // Pages below 2 GB, or nullptr.

@@ -59,13 +59,6 @@ void CheckWritable(const std::string& path, const struct stat& info) {
     if (closed || access(path.c_str(), W_OK) != 0) Fail(EACCES, path, Deed::kWrite);
 }
 
-// The file that a path leads to through all its links; the path itself where that is open.
-std::string FollowLinks(const std::string& path) {
-    const std::unique_ptr<char, decltype(&std::free)> target(realpath(path.c_str(), nullptr),
-                                                             &std::free);
-    return target ? std::string(target.get()) : path;
-}
-
 // A new file beside the target, removed unless it takes the target's place.
 class Replacement {
   public:
@@ -143,7 +136,7 @@ void ReplaceWhole(const std::string& path, std::string_view bytes) {
     const bool dangling = !exists && lstat(path.c_str(), &link) == 0;
     if (dangling || (exists && !S_ISREG(info.st_mode))) return WriteInPlace(path, bytes, true);
 
-    const std::string target = exists ? FollowLinks(path) : path;
+    const std::string target = exists ? native::FollowLinks(path) : path;
     Replacement replacement(target);
     // A file that may be written in a folder that may not: over itself, its space reserved first.
     if (replacement.OpenError() != 0 && exists) return WriteInPlace(path, bytes, true);
@@ -176,6 +169,12 @@ native::File OpenForReading(const std::string& path) {
 
 }  // namespace
 
+std::string native::FollowLinks(const std::string& path) {
+    const std::unique_ptr<char, decltype(&std::free)> target(realpath(path.c_str(), nullptr),
+                                                             &std::free);
+    return target ? std::string(target.get()) : path;
+}
+
 int native::WriteAll(int descriptor, std::string_view bytes) {
     while (!bytes.empty()) {
         const ssize_t written = write(descriptor, bytes.data(), bytes.size());
@@ -198,7 +197,7 @@ void native::CopyContent(const std::string& from, const std::string& to,
     const bool exists = stat(to.c_str(), &old) == 0;
     if (exists && S_ISDIR(old.st_mode)) Fail(EISDIR, to, Deed::kWrite);
     if (exists && readOnly == ReadOnlyTarget::kKeep) CheckWritable(to, old);
-    Replacement replacement(FollowLinks(to));
+    Replacement replacement(native::FollowLinks(to));
     if (replacement.OpenError() != 0) Fail(replacement.OpenError(), to, Deed::kWrite);
     CopyBytes(source.Descriptor(), replacement.Descriptor(), from, to);
     CopyTraits(source.Descriptor(), replacement.Descriptor(), StatOf(source.Descriptor()));

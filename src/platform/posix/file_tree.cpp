@@ -210,9 +210,7 @@ void native::RefuseRoot(const std::string& path) {
 bool CopyTree(std::u16string_view from, std::u16string_view to, const TreeQuestions& questions) {
     Ends ends = CheckedEnds(from, to);
     // A link that the caller names stands for what it leads to.
-    const std::unique_ptr<char, decltype(&std::free)> real(realpath(ends.from.c_str(), nullptr),
-                                                           &std::free);
-    if (real) ends.from = real.get();
+    if (S_ISLNK(LinkStat(ends.from).st_mode)) ends.from = native::FollowLinks(ends.from);
     return CopyEntry(ends.from, ends.to, questions);
 }
 

@@ -35,7 +35,8 @@ std::string FolderOfFile(std::u16string_view path) {
 class FolderLock {
   public:
     explicit FolderLock(const std::string& folder)
-        : folder_(native::Open(folder, O_RDONLY | O_DIRECTORY)) {
+        // With the point a missing folder is one on the way, which is failure 76.
+        : folder_(native::Open(native::Join(folder, "."), O_RDONLY | O_DIRECTORY)) {
         for (int waited = 0; !Take(); waited += kPauseMilliseconds) {
             if (waited >= kLongestWaitMilliseconds) throw Failure(failure::kFileOpen);
             SleepMilliseconds(kPauseMilliseconds);

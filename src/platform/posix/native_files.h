@@ -35,6 +35,8 @@ File Open(const std::string& path, int flags, mode_t mode = 0666);
 // Writes all bytes at the descriptor's position; 0 or the system's error.
 int WriteAll(int descriptor, std::string_view bytes);
 
+// The file that a path leads to through all its links; the path itself where that is open.
+std::string FollowLinks(const std::string& path);
 // The folder of a native path, "." when it has none, and the name behind it.
 std::string Folder(const std::string& path);
 std::string Name(const std::string& path);

@@ -76,15 +76,14 @@ pcre2_match_context* SearchLimits() {
 Code Compile(std::u16string_view pattern, RegexCase letterCase) {
     const CompileContext context = Made(CompileContext(pcre2_compile_context_create(nullptr)));
     pcre2_set_newline(context.get(), PCRE2_NEWLINE_LF);
-    std::uint32_t options =
-        PCRE2_USE_OFFSET_LIMIT | PCRE2_UCP | PCRE2_NEVER_UTF | PCRE2_DOLLAR_ENDONLY |
-        PCRE2_MATCH_UNSET_BACKREF;
+    std::uint32_t options = PCRE2_USE_OFFSET_LIMIT | PCRE2_UCP | PCRE2_NEVER_UTF |
+                            PCRE2_DOLLAR_ENDONLY | PCRE2_MATCH_UNSET_BACKREF;
     if (letterCase == RegexCase::kIgnore) options |= PCRE2_CASELESS;
     const std::u16string rewritten = RewritePattern(pattern);
     int number = 0;
     PCRE2_SIZE place = 0;
-    Code code(pcre2_compile(Units(rewritten), rewritten.size(), options, &number, &place,
-                            context.get()));
+    Code code(
+        pcre2_compile(Units(rewritten), rewritten.size(), options, &number, &place, context.get()));
     if (!code) throw PatternFailure(pattern_error::kSyntax);
     // Without machine code for this processor the interpreter takes its place.
     pcre2_jit_compile(code.get(), PCRE2_JIT_COMPLETE);

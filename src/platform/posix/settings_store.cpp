@@ -225,7 +225,7 @@ auto Writing(Step&& step) -> decltype(step(nullptr)) {
 }
 
 // Roots have ids below zero, where no row has one.
-std::int64_t RootId(std::uint32_t root) { return -static_cast<std::int64_t>(root); }
+std::int64_t RootId(std::int32_t root) { return -std::int64_t{static_cast<std::uint32_t>(root)}; }
 
 std::optional<std::int64_t> FindChild(sqlite3* connection, std::int64_t parent,
                                       std::u16string_view name) {

@@ -34,7 +34,8 @@ bool SameButCase(std::string_view left, std::string_view right) {
 std::string LinkTarget(const std::string& link) {
     std::array<char, PATH_MAX> buffer;
     const ssize_t length = readlink(link.c_str(), buffer.data(), buffer.size());
-    return length < 0 ? std::string() : std::string(buffer.data(), static_cast<std::size_t>(length));
+    return length < 0 ? std::string()
+                      : std::string(buffer.data(), static_cast<std::size_t>(length));
 }
 
 struct CloseDirectory {

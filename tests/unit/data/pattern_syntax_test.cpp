@@ -95,9 +95,9 @@ TEST(PatternSyntax, Classes) {
 }
 
 TEST(PatternSyntax, WrongPatterns) {
-    for (const char16_t* pattern : {u"*", u"a**", u"a+*", u"(+)", u"a|?", u"^*", u"$+", u"\\b*", u"{2}",
-                                    u"a{2}{3}", u"a{3,2}", u"a{70000}", u"(?<n>a)", u"(?i)a",
-                                    u"(*UTF)", u"a++"}) {
+    for (const char16_t* pattern :
+         {u"*", u"a**", u"a+*", u"(+)", u"a|?", u"^*", u"$+", u"\\b*", u"{2}", u"a{2}{3}",
+          u"a{3,2}", u"a{70000}", u"(?<n>a)", u"(?i)a", u"(*UTF)", u"a++"}) {
         EXPECT_EQ(ErrorOf(pattern), pattern_error::kQuantifier) << std::u16string(pattern).size();
     }
     EXPECT_EQ(ErrorOf(u"(a"), pattern_error::kOpenGroup);

@@ -135,8 +135,8 @@ TEST(SortOrder, LongRunsStayQuick) {
 }
 
 TEST(SortOrder, TextsCompareByUnits) {
-    const std::vector<std::u16string> keys = {u"abcde", u"abcd", u"", u"abcdd", u"B",
-                                              u"\xD842\xDFB7", u"\xFF21", u"亜", u"ア", u"あ"};
+    const std::vector<std::u16string> keys = {u"abcde",        u"abcd",   u"",   u"abcdd", u"B",
+                                              u"\xD842\xDFB7", u"\xFF21", u"亜", u"ア",    u"あ"};
     EXPECT_EQ(RankTexts(Views(keys)).sorted, (SortOrder{2, 4, 1, 3, 0, 9, 8, 7, 5, 6}));
     // A NUL is a unit like any other.
     const std::vector<std::u16string> nuls = {std::u16string(2, u'\0'), std::u16string(1, u'\0'),

@@ -37,9 +37,7 @@ TEST(TableColumn, TheEmptyTextHasNoItems) {
     EXPECT_EQ(Items(u",", 0), (Texts{u"", u""}));
 }
 
-TEST(TableColumn, ItemsStayEscaped) {
-    EXPECT_EQ(Items(u"x{**}y,z", 0), (Texts{u"x{**}y", u"z"}));
-}
+TEST(TableColumn, ItemsStayEscaped) { EXPECT_EQ(Items(u"x{**}y,z", 0), (Texts{u"x{**}y", u"z"})); }
 
 TEST(TableColumn, CellOfRow) {
     bool found = false;

@@ -71,16 +71,18 @@ TEST_F(SpecialFoldersTest, BaseFoldersMustBeAbsolute) {
 }
 
 TEST_F(SpecialFoldersTest, TheUsersChoiceCounts) {
-    Choose("# XDG_DESKTOP_DIR=\"/comment\"\n"
-           "  XDG_DESKTOP_DIR=\"$HOME/\\\"机\\\"/\"\n"
-           "XDG_DOCUMENTS_DIR=\"/srv/docs\"");
+    Choose(
+        "# XDG_DESKTOP_DIR=\"/comment\"\n"
+        "  XDG_DESKTOP_DIR=\"$HOME/\\\"机\\\"/\"\n"
+        "XDG_DOCUMENTS_DIR=\"/srv/docs\"");
     EXPECT_EQ(FolderOfPurpose(SpecialFolder::kDesktop), script_ + u"\\\"机\"");
     EXPECT_EQ(FolderOfPurpose(SpecialFolder::kDocuments), u"C:\\srv\\docs");
 }
 
 TEST_F(SpecialFoldersTest, BadChoicesArePassedOver) {
-    Choose("XDG_DESKTOP_DIR=\"$HOMELAND/x\"\nXDG_DESKTOP_DIR=relative\nXDG_DESKTOP_DIRS=\"/no\"\n"
-           "XDG_DOCUMENTS_DIR=\"docs\"\n");
+    Choose(
+        "XDG_DESKTOP_DIR=\"$HOMELAND/x\"\nXDG_DESKTOP_DIR=relative\nXDG_DESKTOP_DIRS=\"/no\"\n"
+        "XDG_DOCUMENTS_DIR=\"docs\"\n");
     EXPECT_EQ(FolderOfPurpose(SpecialFolder::kDesktop), script_ + u"\\Desktop");
     EXPECT_EQ(FolderOfPurpose(SpecialFolder::kDocuments), script_ + u"\\Documents");
     Choose("XDG_DESKTOP_DIR=\"$HOME\"\n");
