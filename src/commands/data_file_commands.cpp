@@ -135,8 +135,7 @@ std::u16string InsertBehindLine(std::u16string_view content, std::int32_t line,
 }
 
 void Insert(const Destination& to, std::u16string_view text, bool lineEnd) {
-    const std::u16string_view number =
-        TrimRight(std::u16string_view(to.place), kLineMark.size());
+    const std::u16string_view number = TrimRight(std::u16string_view(to.place), kLineMark.size());
     const std::int32_t line = ToInt32(ToDouble(EvalText(number)));
     if (line <= 0) {
         RaiseError(kNoSuchLine, kIconWarning, FormatNumber(line), u"", -1);

@@ -51,14 +51,16 @@ bool DeleteFilesDirectly(const std::u16string& from) {
     bool found = false;
     const std::u16string folder(from.substr(0, from.size() - FileNameOf(from).size()));
     for (const FolderEntry& entry : ListMatches(from)) {
-        if (entry.info.kind == EntryKind::kFolder || (entry.info.attributes & kUnseen) != 0) continue;
+        if (entry.info.kind == EntryKind::kFolder || (entry.info.attributes & kUnseen) != 0)
+            continue;
         found = true;
         RemoveFile(folder + entry.name);
     }
     return found;
 }
 
-FileOperation Order(FileDeed deed, const std::u16string& from, const std::u16string& to, int flags) {
+FileOperation Order(FileDeed deed, const std::u16string& from, const std::u16string& to,
+                    int flags) {
     FileOperation order = {deed, from, to, flags};
     switch (deed) {
         case FileDeed::kCopy:
@@ -88,8 +90,8 @@ void ShellFileOperation(Statement& statement, FileDeed deed, const Word& fromWor
                         const Word& toWord) {
     if (!CheckProtection(Protected::kFiles)) return;
     if (toWord.Text() == kAtOnce) {
-        RaiseMessage(u"「すぐに%1」を「すぐ%1」へ変更してください。", 0, kIconWarning, statement.Verb,
-                     u"", -1);
+        RaiseMessage(u"「すぐに%1」を「すぐ%1」へ変更してください。", 0, kIconWarning,
+                     statement.Verb, u"", -1);
         return;
     }
     const bool atOnce = Contains(statement.Verb, kAtOnce);

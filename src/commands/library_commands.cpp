@@ -221,6 +221,7 @@ void AppendSource(std::u16string_view source) {
     placed.Statements.resize(program.Statements.size(), ParseStatement(u""));
     Append(placed.Statements, added.Statements);
     RegisterProcedures(placed, 0);
+    program.Depth.resize(program.Statements.size());
     Append(program.Statements, added.Statements);
     Append(program.Depth, added.Depth);
 }

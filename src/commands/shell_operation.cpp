@@ -87,9 +87,8 @@ class Operation {
             sources_.size() == 1
                 ? u"「" + std::u16string(FileNameOf(sources_[0])) + u"」"
                 : u"これらの" + FormatNumber(static_cast<double>(sources_.size())) + u"個の項目";
-        const std::u16string_view deed = Has(file_flag::kAllowUndo)
-                                             ? u"をごみ箱に移しますか？"
-                                             : u"を完全に削除しますか？";
+        const std::u16string_view deed =
+            Has(file_flag::kAllowUndo) ? u"をごみ箱に移しますか？" : u"を完全に削除しますか？";
         return Confirms(what + std::u16string(deed));
     }
 
@@ -116,7 +115,8 @@ class Operation {
     bool MakeTargetFolder(const std::u16string& folder) {
         if (folder.empty() || IsFolder(folder)) return true;
         const bool asks = MayAsk() && !Has(file_flag::kNoConfirmFolder);
-        if (asks && !Confirms(u"フォルダ「" + folder + u"」はありません。作りますか？")) return false;
+        if (asks && !Confirms(u"フォルダ「" + folder + u"」はありません。作りますか？"))
+            return false;
         MakeFolders(folder);
         return true;
     }

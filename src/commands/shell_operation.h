@@ -11,9 +11,9 @@ enum class FileDeed : int { kMove = 1, kCopy = 2, kDelete = 3, kRename = 4 };
 
 // Bits of an operation's flags.
 namespace file_flag {
-constexpr int kSilent = 0x0004;         // no progress
+constexpr int kSilent = 0x0004;  // no progress
 constexpr int kNoConfirmation = 0x0010;
-constexpr int kAllowUndo = 0x0040;      // into the trash instead of deleting
+constexpr int kAllowUndo = 0x0040;        // into the trash instead of deleting
 constexpr int kNoConfirmFolder = 0x0200;  // new folders without asking
 }  // namespace file_flag
 

@@ -53,7 +53,9 @@ Value EvalHoles(const WordPlan& plan) {
         const Value filled = EvalWord(inner);
         // A word that is its own value is unknown: it leaves the hole empty.
         double number = 0;
-        if (filled.IsPlainNumber(number) || filled.Text() != inner.Text()) filled.AppendTo(text);
+        const bool computed = filled.IsPlainNumber(number) &&
+                              plan.parts[i].Plan().kind != PlanKind::kNumber;
+        if (computed || filled.Text() != inner.Text()) filled.AppendTo(text);
         text.append(plan.literals[i + 1]);
     }
     return Value(std::move(text));

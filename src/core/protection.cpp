@@ -11,7 +11,8 @@
 namespace velm {
 
 std::array<bool, 5> ProtectionLevels = {};
-std::u16string (*ReadUserSetting)(std::u16string_view section, std::u16string_view key) = UserSetting;
+std::u16string (*ReadUserSetting)(std::u16string_view section,
+                                  std::u16string_view key) = UserSetting;
 
 namespace {
 

@@ -49,9 +49,10 @@ struct FileTime {
 
 // Bits of the attributes of a file.
 namespace attribute {
-constexpr int kReadOnly = 1;   // nobody has write permission
-constexpr int kHidden = 2;     // the name begins with a point
-constexpr int kSystem = 4;     // this and the next in the extended attribute user.velmscript.attributes
+constexpr int kReadOnly = 1;  // nobody has write permission
+constexpr int kHidden = 2;    // the name begins with a point
+constexpr int kSystem =
+    4;  // this and the next in the extended attribute user.velmscript.attributes
 constexpr int kFolder = 16;
 constexpr int kArchive = 32;
 }  // namespace attribute

@@ -190,8 +190,7 @@ void native::CopyTraits(int from, int to, const struct stat& info) {
     futimens(to, times);
 }
 
-void native::CopyContent(const std::string& from, const std::string& to,
-                         ReadOnlyTarget readOnly) {
+void native::CopyContent(const std::string& from, const std::string& to, ReadOnlyTarget readOnly) {
     const File source = OpenForReading(from);
     struct stat old;
     const bool exists = stat(to.c_str(), &old) == 0;

@@ -49,7 +49,8 @@ struct stat LinkStat(const std::string& path) {
 }
 
 [[noreturn]] void FailOntoItself() {
-    throw Failure(failure::kPathFileAccess, u"送り元と送り先が同じか、送り先が送り元の中にあります。");
+    throw Failure(failure::kPathFileAccess,
+                  u"送り元と送り先が同じか、送り先が送り元の中にあります。");
 }
 
 // Throws when the target is the folder itself or lies in it; of a target that isn't there yet the
@@ -203,7 +204,8 @@ void native::RefuseRoot(const std::string& path) {
     const std::string name = Name(path);
     struct stat root;
     struct stat info;
-    const bool isRoot = stat("/", &root) == 0 && lstat(path.c_str(), &info) == 0 && IsSame(root, info);
+    const bool isRoot =
+        stat("/", &root) == 0 && lstat(path.c_str(), &info) == 0 && IsSame(root, info);
     if (name == "." || name == ".." || isRoot) Fail(EBUSY, path, Deed::kWrite);
 }
 

@@ -157,7 +157,8 @@ void SetExtraAttributes(const std::string& path, int attributes) {
 void SetHidden(const std::string& path, bool hidden) {
     const std::string name = native::Name(path);
     if (name.starts_with('.') == hidden) return;
-    const std::string other = native::Join(native::Folder(path), hidden ? "." + name : name.substr(1));
+    const std::string other =
+        native::Join(native::Folder(path), hidden ? "." + name : name.substr(1));
     Check(renameat2(AT_FDCWD, path.c_str(), AT_FDCWD, other.c_str(), RENAME_NOREPLACE), path);
 }
 
@@ -247,9 +248,7 @@ bool MatchesMask(std::u16string_view name, std::u16string_view mask) {
     return MatchesFolded(ToLower(name), ToLower(mask));
 }
 
-bool IsMask(std::u16string_view path) {
-    return HoldsWildcard(FileNameOf(path)) && !StatFile(path);
-}
+bool IsMask(std::u16string_view path) { return HoldsWildcard(FileNameOf(path)) && !StatFile(path); }
 
 std::vector<FolderEntry> ListFolder(std::u16string_view folder) {
     const std::string native = NativePath(folder);
@@ -289,7 +288,8 @@ std::vector<FolderEntry> ListMatches(std::u16string_view mask) {
     } catch (const Failure&) {
         return {};
     }
-    std::erase_if(entries, [&](const FolderEntry& entry) { return !MatchesMask(entry.name, name); });
+    std::erase_if(entries,
+                  [&](const FolderEntry& entry) { return !MatchesMask(entry.name, name); });
     return entries;
 }
 
@@ -345,9 +345,11 @@ void SetFileAttributes(std::u16string_view path, int attributes) {
     const bool wasOpen = (info.st_mode & kWriteBits) != 0;
     const bool readOnly = !S_ISDIR(info.st_mode) && (attributes & attribute::kReadOnly) != 0;
     // The extended attribute needs a file that may be written.
-    if (!wasOpen && !readOnly) Check(chmod(native.c_str(), (info.st_mode | S_IWUSR) & 07777), native);
+    if (!wasOpen && !readOnly)
+        Check(chmod(native.c_str(), (info.st_mode | S_IWUSR) & 07777), native);
     SetExtraAttributes(native, attributes & kKeptBits);
-    if (wasOpen && readOnly) Check(chmod(native.c_str(), info.st_mode & 07777 & ~kWriteBits), native);
+    if (wasOpen && readOnly)
+        Check(chmod(native.c_str(), info.st_mode & 07777 & ~kWriteBits), native);
     SetHidden(native, (attributes & attribute::kHidden) != 0);
 }
 

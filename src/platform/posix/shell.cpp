@@ -39,7 +39,8 @@ bool Start(std::vector<std::string> words) {
     // What is opened outlives the runtime and its terminal.
     posix_spawnattr_setflags(&settings, POSIX_SPAWN_SETSID);
     pid_t child = 0;
-    const int result = posix_spawnp(&child, arguments[0], nullptr, &settings, arguments.data(), environ);
+    const int result =
+        posix_spawnp(&child, arguments[0], nullptr, &settings, arguments.data(), environ);
     posix_spawnattr_destroy(&settings);
     return result == 0;
 }
@@ -70,7 +71,10 @@ bool IsProgram(const std::string& path) {
     if (stat(path.c_str(), &info) != 0 || !S_ISREG(info.st_mode)) return false;
     if (access(path.c_str(), X_OK) != 0) return false;
     const std::string head = FirstBytes(path, 4);
-    return head == "\x7F" "ELF" || head.starts_with("#!");
+    return head ==
+               "\x7F"
+               "ELF" ||
+           head.starts_with("#!");
 }
 
 int OpenByDesktop(const std::string& target) {
@@ -97,7 +101,8 @@ std::string FileUrl(const std::string& path) {
     std::string url = "file://";
     for (const char byte : path) {
         const auto value = static_cast<std::uint8_t>(byte);
-        if (value > 0x20 && value < 0x7F && std::string_view("%\"\\<>#?`{}").find(byte) == std::string_view::npos) {
+        if (value > 0x20 && value < 0x7F &&
+            std::string_view("%\"\\<>#?`{}").find(byte) == std::string_view::npos) {
             url += byte;
         } else {
             url += {'%', kDigits[value / 16], kDigits[value % 16]};

@@ -51,7 +51,8 @@ std::string AbsolutePath(const std::string& path) {
 
 bool StaysInUrl(char byte) {
     const bool letter = (byte >= 'A' && byte <= 'Z') || (byte >= 'a' && byte <= 'z');
-    return letter || (byte >= '0' && byte <= '9') || std::string_view("/-_.~").find(byte) != std::string_view::npos;
+    return letter || (byte >= '0' && byte <= '9') ||
+           std::string_view("/-_.~").find(byte) != std::string_view::npos;
 }
 
 std::string UrlForm(std::string_view path) {

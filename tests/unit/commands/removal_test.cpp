@@ -42,8 +42,9 @@ class Removal : public testing::Test {
 TEST_F(Removal, WholeTreesDirectlyUnderARootAreRefused) {
     EXPECT_EQ(Run(u"レジストリの「HKEY_CURRENT_USER\\Software」を完全に削除"), 0);
     ASSERT_EQ(dialogs_.reported.size(), 1U);
-    EXPECT_TRUE(dialogs_.reported[0].text.starts_with(
-        u"このキーはシステムに影響を及ぼすため削除できません。\r\nHKEY_CURRENT_USER\\Software\r\n"));
+    EXPECT_TRUE(
+        dialogs_.reported[0].text.starts_with(u"このキーはシステムに影響を及ぼすため削除できません"
+                                              u"。\r\nHKEY_CURRENT_USER\\Software\r\n"));
     EXPECT_EQ(dialogs_.reported[0].style & box::kIcons, 16);
 }
 
@@ -53,10 +54,9 @@ TEST_F(Removal, UnknownRootIsReported) {
 }
 
 TEST_F(Removal, RootNumbers) {
-    const char16_t* names[] = {u"HKEY_CLASSES_ROOT",     u"HKEY_CURRENT_USER",
-                               u"HKEY_LOCAL_MACHINE",    u"HKEY_USERS",
-                               u"HKEY_PERFORMANCE_DATA", u"HKEY_CURRENT_CONFIG",
-                               u"hkey_dyn_data"};
+    const char16_t* names[] = {
+        u"HKEY_CLASSES_ROOT",     u"HKEY_CURRENT_USER",   u"HKEY_LOCAL_MACHINE", u"HKEY_USERS",
+        u"HKEY_PERFORMANCE_DATA", u"HKEY_CURRENT_CONFIG", u"hkey_dyn_data"};
     std::uint32_t number = 0x80000000;
     for (const char16_t* name : names) {
         EXPECT_EQ(static_cast<std::uint32_t>(RootKeyFromName(name)), number++);
@@ -79,7 +79,8 @@ TEST_F(Removal, FolderFormNeedsItsFifthCharacter) {
 }
 
 TEST_F(Removal, AnythingElseIsAFile) {
-    for (const char16_t* sentence : {u"「a.txt」を削除", u"フォルダ「a」を削除", u"レジストリを削除"}) {
+    for (const char16_t* sentence :
+         {u"「a.txt」を削除", u"フォルダ「a」を削除", u"レジストリを削除"}) {
         const StatementPtr statement = ParseStatement(sentence);
         EXPECT_FALSE(RemoveByForm(*statement));
     }

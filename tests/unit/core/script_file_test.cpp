@@ -49,9 +49,9 @@ TEST(UnpackBytes, ReversedWithEvenPlacesComplemented) {
 
 TEST(ExpandPackedText, EachControlCharacterIsItsWord) {
     const std::pair<char16_t, const char16_t*> words[] = {
-        {0x15, u"手順は"}, {0x14, u"終わり"}, {0x17, u"\u3000"}, {0x12, u"に"}, {0x13, u"の"},
-        {0x19, u"を"},     {0x1A, u"し"},     {0x1B, u"変え"},   {0x05, u"メニュー"},
-        {0x18, u"「"},     {0x1D, u"」"},     {0x0E, u"（"},     {0x0F, u"）"},
+        {0x15, u"手順は"}, {0x14, u"終わり"}, {0x17, u"\u3000"}, {0x12, u"に"},       {0x13, u"の"},
+        {0x19, u"を"},     {0x1A, u"し"},     {0x1B, u"変え"},   {0x05, u"メニュー"}, {0x18, u"「"},
+        {0x1D, u"」"},     {0x0E, u"（"},     {0x0F, u"）"},
     };
     for (const auto& [unit, word] : words) {
         EXPECT_EQ(ExpandPackedText(std::u16string{u'b', unit, u'a'}),

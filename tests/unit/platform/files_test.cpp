@@ -217,9 +217,7 @@ TEST(Attributes, HiddenIsThePointInFront) {
 }
 
 // Some file systems keep no extended attributes; what hangs on them is then honestly absent.
-bool KeepsExtendedAttributes() {
-    return setxattr("a.txt", "user.velmscript.test", "1", 1, 0) == 0;
-}
+bool KeepsExtendedAttributes() { return setxattr("a.txt", "user.velmscript.test", "1", 1, 0) == 0; }
 
 TEST(Attributes, TheRestIsInAnExtendedAttribute) {
     const TemporaryFolder folder;

@@ -92,7 +92,8 @@ TEST(ScriptPath, BeginsWithTheDrive) {
 
 TEST(ScriptPath, BytesThatAreNoTextComeBackToTheirFile) {
     const TemporaryFolder folder;
-    const std::string names[] = {"\xFF.txt", "a\x93\xFA", "back\\slash", "\xE3\x81", "x\xF0\x9F\x98\x80\x80"};
+    const std::string names[] = {"\xFF.txt", "a\x93\xFA", "back\\slash", "\xE3\x81",
+                                 "x\xF0\x9F\x98\x80\x80"};
     for (const std::string& name : names) {
         folder.Write(name, "found " + name);
         const std::u16string path = ScriptPath(folder.Path() + "/" + name);
