@@ -18,7 +18,7 @@ import sys
 import tempfile
 import time
 
-ENTRIES = 300
+ENTRIES = 100
 
 FILE_WRITER = """設定ファイルは 「app.ini」
 印＝「{mark}」
@@ -35,8 +35,8 @@ Nを表示
 REGISTRY_WRITER = """N＝0
 {count}回、繰り返し
 N＝N＋1
-場所＝「HKEY_CURRENT_USER\\t\\{mark}\\k」＆N
-レジストリの場所を値へ設定
+路＝「HKEY_CURRENT_USER\\t\\{mark}\\k」＆N
+レジストリの路を値へ設定
 Nを表示
 繰り返し終わり
 """

@@ -95,10 +95,12 @@ void ShellFileOperation(Statement& statement, FileDeed deed, const Word& fromWor
         return;
     }
     const bool atOnce = Contains(statement.Verb, kAtOnce);
-    const std::u16string from = InCurrentFolder(EvalWord(fromWord).Text());
+    const std::u16string name = EvalWord(fromWord).Text();
+    const std::u16string from = InCurrentFolder(name);
     const std::u16string to = EvalWord(toWord).Text();
-    if (!PathExists(from)) {
-        RaiseError(kMissingFile, kIconStop, from, u"", -1);
+    // An empty name would be the current folder.
+    if (name.empty() || !PathExists(from)) {
+        RaiseError(kMissingFile, kIconStop, name.empty() ? name : from, u"", -1);
         return;
     }
     const int flags = atOnce ? file_flag::kSilent | file_flag::kNoConfirmation : 0;

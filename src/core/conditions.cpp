@@ -228,19 +228,21 @@ bool EvalCondition(int code, std::u16string_view text) {
 }
 
 ConditionList PlanConditionList(std::u16string_view text, int code, bool anyMode) {
-    constexpr BracketSet outside = kQuotesAndRound;
     ConditionList list;
     list.anyMode = anyMode;
-    std::size_t from = 1;
-    while (true) {
-        const std::size_t open = FindOutsideBrackets(text, u"［", from, outside);
-        const std::size_t close =
-            open == 0 ? 0 : FindOutsideBrackets(text, u"］", open + 1, outside);
-        if (close == 0) break;
-        const std::u16string_view part = text.substr(open, close - open - 1);
+    BracketScanner scanner(text, kQuotesAndRound);
+    std::size_t open = kNotFound;
+    for (std::size_t i = text.find(u'［'); i < text.size(); ++i) {
+        const char16_t sought = open == kNotFound ? u'［' : u'］';
+        if (text[i] != sought || scanner.IsInside(i)) continue;
+        if (open == kNotFound) {
+            open = i;
+            continue;
+        }
+        const std::u16string_view part = text.substr(open + 1, i - open - 1);
         if (part.empty() && list.conditions.empty()) break;
         list.conditions.push_back(PlanComparison(code, part));
-        from = close + 1;
+        open = kNotFound;
     }
     if (list.conditions.empty()) list.conditions.push_back(PlanComparison(code, text));
     return list;

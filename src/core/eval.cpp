@@ -53,19 +53,12 @@ Value EvalHoles(const WordPlan& plan) {
         const Value filled = EvalWord(inner);
         // A word that is its own value is unknown: it leaves the hole empty.
         double number = 0;
-        const bool computed = filled.IsPlainNumber(number) &&
-                              plan.parts[i].Plan().kind != PlanKind::kNumber;
+        const bool computed =
+            filled.IsPlainNumber(number) && plan.parts[i].Plan().kind != PlanKind::kNumber;
         if (computed || filled.Text() != inner.Text()) filled.AppendTo(text);
         text.append(plan.literals[i + 1]);
     }
     return Value(std::move(text));
-}
-
-Value EvalJoin(const WordPlan& plan) {
-    const Word right = plan.parts[1];
-    Value text = EvalWord(plan.parts[0]);
-    text.Append(EvalWord(right));
-    return text;
 }
 
 // Nothing knows the word: it is its own value.
@@ -92,9 +85,9 @@ Value EvalKnownName(const WordPlan& plan) {
     return UnknownWord(plan);
 }
 
-Value EvalName(const WordPlan& plan) {
+// A name that is no plain variable.
+[[gnu::noinline]] Value EvalOtherName(const WordPlan& plan) {
     if (const Value* variable = FindVariable(plan.symbol)) {
-        if (plan.arguments.IsEmpty()) return *variable;
         return ReadIndexed(*variable, plan.name, plan.arguments.Pieces());
     }
     if (wordDictionary != nullptr && plan.kind == PlanKind::kName) {
@@ -104,19 +97,31 @@ Value EvalName(const WordPlan& plan) {
     return EvalKnownName(plan);
 }
 
-Value EvalPlan(const WordPlan& plan) {
+[[gnu::noinline]] Value EvalOther(const WordPlan& plan) {
     switch (plan.kind) {
-        case PlanKind::kEmpty: return Value();
-        case PlanKind::kNumber:
-        case PlanKind::kText: return plan.constant;
-        case PlanKind::kJoin: return EvalJoin(plan);
+        case PlanKind::kJoin: return EvalJoin(plan, 0);
         case PlanKind::kHoles: return EvalHoles(plan);
         case PlanKind::kArithmetic: return Value::OfNumber(Evaluate(*plan.expression));
         case PlanKind::kBracketed: return EvalWord(plan.parts[0]);
-        case PlanKind::kName:
-        case PlanKind::kCall: return EvalName(plan);
+        case PlanKind::kCall: {
+            const Value* variable = FindVariable(plan.symbol);
+            if (variable != nullptr && plan.arguments.IsEmpty()) return *variable;
+            return EvalOtherName(plan);
+        }
+        default: return Value();
     }
-    return Value();
+}
+
+// What most words are, constants and variables, comes first and needs nothing else.
+Value EvalPlan(const WordPlan& plan) {
+    switch (plan.kind) {
+        case PlanKind::kNumber:
+        case PlanKind::kText: return plan.constant;
+        case PlanKind::kName:
+            if (const Value* variable = FindVariable(plan.symbol)) return *variable;
+            return EvalOtherName(plan);
+        default: return EvalOther(plan);
+    }
 }
 
 }  // namespace
@@ -124,7 +129,7 @@ Value EvalPlan(const WordPlan& plan) {
 Value EvalWord(const Word& word) {
     if (word.IsEmpty()) return Value();
     const Word held = word;  // a nested run may drop the statement that owns the word
-    const NestingGuard guard;
+    const NestingGuard guard(held.Text().size());
     if (guard.Exhausted()) return Value();
     return EvalPlan(held.Plan());
 }
@@ -132,11 +137,19 @@ Value EvalWord(const Word& word) {
 Value EvalWord(Word& word) {
     if (word.IsEmpty()) return Value();
     const Word held = word;
-    const NestingGuard guard;
+    const NestingGuard guard(held.Text().size());
     if (guard.Exhausted()) return Value();
     const WordPlan& plan = held.Plan();
     if (!plan.rewritten.empty() || plan.kind == PlanKind::kEmpty) word = Word(plan.rewritten);
     return EvalPlan(plan);
+}
+
+Value EvalJoin(const WordPlan& plan, std::size_t first) {
+    Value text = EvalWord(plan.parts[first]);
+    for (std::size_t i = first + 1; i < plan.parts.size(); ++i) {
+        text.Append(EvalWord(plan.parts[i]));
+    }
+    return text;
 }
 
 Value EvalText(std::u16string_view text) { return EvalWord(CachedWord(text)); }

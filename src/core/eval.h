@@ -1,6 +1,7 @@
 // Turning words into values. Callers: every handler, the conditions and blocks, the procedures.
 #pragma once
 
+#include <cstddef>
 #include <string_view>
 #include <unordered_map>
 
@@ -10,11 +11,16 @@
 
 namespace velm {
 
+class WordPlan;
+
 // The value of a word. The first form may rewrite the word: trimmed, or a number freed of its brackets.
 Value EvalWord(Word& word);
 Value EvalWord(const Word& word);
 // The same for text that is no word of a sentence. Its plan is kept for a while.
 Value EvalText(std::u16string_view text);
+
+// The parts of a joining from one on, put together.
+Value EvalJoin(const WordPlan& plan, std::size_t first);
 
 // TextToNumber of the word's value.
 double EvalNumber(const Word& word);

@@ -2,7 +2,6 @@
 #include "core/expression.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <optional>
 #include <string>
@@ -148,70 +147,105 @@ Tokens SplitAtBlanks(std::u16string_view text) {
     return tokens;
 }
 
-std::optional<double> ApplyIntegers(Operator op, double left, double right) {
+// % and \ work on both sides rounded to 32-bit integers.
+bool ApplyIntegers(Operator op, double& left, double right) {
     const std::optional<std::int32_t> a = TryInt32(left);
     const std::optional<std::int32_t> b = TryInt32(right);
-    if (!a || !b || *b == 0) return std::nullopt;
+    if (!a || !b || *b == 0) return false;
     const std::int64_t wideLeft = *a;
     const std::int64_t result = op == Operator::kRemainder ? wideLeft % *b : wideLeft / *b;
-    return static_cast<double>(result);
+    left = static_cast<double>(result);
+    return true;
 }
 
-std::optional<double> Apply(Operator op, double left, double right) {
+// Applies an operator to its left operand in place; one that fails leaves it as it is.
+inline void Apply(Operator op, double& left, double right) {
     double result = 0;
     switch (op) {
         case Operator::kAdd: result = left + right; break;
         case Operator::kSubtract: result = left - right; break;
         case Operator::kMultiply: result = left * right; break;
-        case Operator::kDivide:
-            if (right == 0) return std::nullopt;
-            result = left / right;
-            break;
+        case Operator::kDivide: result = left / right; break;  // by zero: not finite
         case Operator::kPower: result = std::pow(left, right); break;
-        default: return ApplyIntegers(op, left, right);
+        default: ApplyIntegers(op, left, right); return;
     }
-    if (!std::isfinite(result)) return std::nullopt;
-    return result;
+    if (std::isfinite(result)) left = result;
 }
 
-// The stack of one evaluation. Most expressions need a few places only.
-class NumberStack {
-  public:
-    explicit NumberStack(std::size_t size) {
-        numbers_[0] = 0;
-        if (size > fixed_.size()) {
-            large_.resize(size);
-            numbers_ = large_.data();
+double NumberOfStep(const ExpressionStep& step) {
+    switch (step.kind) {
+        case ExpressionStep::Kind::kVariable:
+            if (const Value* variable = FindVariable(step.symbol)) return variable->NumberOrZero();
+            return EvalWord(step.word).NumberOrZero();
+        case ExpressionStep::Kind::kWord: return EvalWord(step.word).NumberOrZero();
+        default: return step.number;
+    }
+}
+
+// The common case: every operator has its operands.
+double EvaluateSound(const Expression& expression, double* top) {
+    for (const ExpressionStep& step : expression.steps) {
+        if (step.kind == ExpressionStep::Kind::kOperator) {
+            --top;
+            Apply(step.op, top[-1], *top);
+        } else {
+            *top++ = NumberOfStep(step);
         }
     }
+    return top[-1];
+}
 
-    void Push(double number) {
-        if (top_ >= 0) numbers_[top_] = number;
-        ++top_;
-    }
-    void Operate(Operator op) {
-        if (top_ >= 2) {
-            const std::optional<double> result = Apply(op, numbers_[top_ - 2], numbers_[top_ - 1]);
-            if (result) numbers_[top_ - 2] = *result;
+// An operator without an operand fails, and takes one value from the stack all the same.
+double EvaluateUnsound(const Expression& expression, double* stack) {
+    std::ptrdiff_t top = 0;
+    stack[0] = 0;
+    for (const ExpressionStep& step : expression.steps) {
+        if (step.kind == ExpressionStep::Kind::kOperator) {
+            if (top >= 2) Apply(step.op, stack[top - 2], stack[top - 1]);
+            --top;
+        } else {
+            const double number = NumberOfStep(step);
+            if (top >= 0) stack[top] = number;
+            ++top;
         }
-        --top_;
     }
-    double Bottom() const { return numbers_[0]; }
+    return stack[0];
+}
 
-  private:
-    std::array<double, 16> fixed_;
-    std::vector<double> large_;
-    double* numbers_ = fixed_.data();
-    std::ptrdiff_t top_ = 0;
-};
-
-// The plain number of a word; most words here are variables, which need no value of their own.
-double NumberOfWord(const Word& word) {
-    const WordPlan& plan = word.Plan();
-    if (plan.kind == PlanKind::kName) {
-        if (const Value* variable = FindVariable(plan.symbol)) return variable->NumberOrZero();
+// Notes how deep the stack gets, and whether it ever lacks an operand.
+void MeasureStack(Expression& expression) {
+    std::size_t depth = 0;
+    expression.sound = !expression.steps.empty();
+    for (const ExpressionStep& step : expression.steps) {
+        if (step.kind == ExpressionStep::Kind::kOperator) {
+            if (depth < 2) expression.sound = false;
+            if (depth > 0) --depth;
+        } else {
+            ++depth;
+        }
+        expression.depth = std::max(expression.depth, depth);
     }
-    return EvalWord(word).NumberOrZero();
+    // What a wrong text leaves on the stack lies above its first place, which is the result.
+    if (depth != 1) expression.sound = false;
+}
+
+ExpressionStep PlanStep(std::u16string_view token) {
+    ExpressionStep step;
+    step.op = OperatorOf(token);
+    if (step.op != Operator::kNone) {
+        step.kind = ExpressionStep::Kind::kOperator;
+        return step;
+    }
+    if (const std::optional<double> number = ParseNumber(token)) {
+        step.number = *number;
+        return step;
+    }
+    step.word = Word(token);
+    const WordPlan& plan = step.word.Plan();
+    const bool bare = plan.kind == PlanKind::kName && plan.symbol != nullptr;
+    step.kind = bare ? ExpressionStep::Kind::kVariable : ExpressionStep::Kind::kWord;
+    step.symbol = bare ? plan.symbol : nullptr;
+    return step;
 }
 
 }  // namespace
@@ -220,33 +254,24 @@ std::shared_ptr<const Expression> PlanExpression(std::u16string_view text) {
     const std::u16string spaced = SpaceTokens(text);
     auto expression = std::make_shared<Expression>();
     for (const std::u16string_view token : PostfixOf(SplitAtBlanks(spaced))) {
-        ExpressionStep step;
-        step.op = OperatorOf(token);
-        if (step.op == Operator::kNone) {
-            const std::optional<double> number = ParseNumber(token);
-            if (number) {
-                step.number = *number;
-            } else {
-                step.word = Word(token);
-            }
-        }
-        expression->steps.push_back(std::move(step));
+        expression->steps.push_back(PlanStep(token));
     }
+    MeasureStack(*expression);
     return expression;
 }
 
 double Evaluate(const Expression& expression) {
-    NumberStack stack(expression.steps.size() + 1);
-    for (const ExpressionStep& step : expression.steps) {
-        if (step.op != Operator::kNone) {
-            stack.Operate(step.op);
-        } else if (step.word.IsEmpty()) {
-            stack.Push(step.number);
-        } else {
-            stack.Push(NumberOfWord(step.word));
-        }
+    constexpr std::size_t kUsualDepth = 16;
+    double usual[kUsualDepth];
+    std::vector<double> large;
+    double* stack = usual;
+    if (expression.depth >= kUsualDepth) {
+        large.resize(expression.depth + 1);
+        stack = large.data();
     }
-    return RoundPlaces15(stack.Bottom());
+    const double result = expression.sound ? EvaluateSound(expression, stack)
+                                           : EvaluateUnsound(expression, stack);
+    return RoundPlaces15(result);
 }
 
 double Calculate(std::u16string_view text) { return Evaluate(*PlanExpression(text)); }

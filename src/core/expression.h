@@ -24,13 +24,19 @@ enum class Operator : std::uint8_t {
 
 // One position of a postfix form: a number, a word, or an operator.
 struct ExpressionStep {
+    enum class Kind : std::uint8_t { kNumber, kVariable, kWord, kOperator };
+
+    Kind kind = Kind::kNumber;
     Operator op = Operator::kNone;
     double number = 0;
-    Word word;  // empty for numbers and operators
+    Symbol* symbol = nullptr;  // of a word that is a bare name, which most often is a variable
+    Word word;
 };
 
 struct Expression {
     std::vector<ExpressionStep> steps;
+    std::size_t depth = 0;  // the places of the stack that the steps need
+    bool sound = false;     // no operator lacks an operand
 };
 
 // The postfix form of an arithmetic text.

@@ -213,9 +213,7 @@ void IfWalk::RunElseIf(Statement& statement) {
 
 }  // namespace
 
-void ExecIf(Statement& statement) {
-    RunPlan(PlanOf(statement, statement.WoArg));
-}
+void ExecIf(Statement& statement) { RunPlan(PlanOf(statement, statement.WoArg)); }
 
 namespace {
 

@@ -188,18 +188,21 @@ class Loop {
     void RunBlock() {
         const ProgramPtr program = Programs[static_cast<std::size_t>(run.CurProgram)];
         const std::int32_t first = run.CurLine + 1;
+        bool leftAtEnd = false;
         if (!forever_ && count_ == 0) {
             line_ = EndOfBody(*program, first);
         } else {
             for (double pass = 0; forever_ || pass < count_; ++pass) {
                 RunPass(*program, first);
-                const bool procedureEnds = IsProcedureEnd(*program, line_);
+                leftAtEnd = IsProcedureEnd(*program, line_);
                 if (forever_) PumpEvents();
-                if (IsLeaving() || procedureEnds || !Count()) break;
+                if (IsLeaving() || leftAtEnd || !Count()) break;
             }
         }
         if (run.StopFlag) return;
-        run.CurLine = line_;
+        // The run goes on behind CurLine: behind the loop's end, but at a 終わり itself, which ends the
+        // procedure that the loop stands in.
+        run.CurLine = leftAtEnd ? line_ - 1 : line_;
         run.JumpFlag = true;
     }
 

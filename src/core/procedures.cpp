@@ -89,7 +89,6 @@ Value BindWord(Word& word) {
     return EvalWord(held);
 }
 
-
 void BindParameters(const ParameterSpec& spec, CallWords& words, Scope& locals) {
     const std::size_t count = std::min(words.size(), spec.names.size());
     for (std::size_t i = 0; i < count; ++i) {

@@ -1,6 +1,8 @@
 // The limit of the stack and the report when it is reached.
 #include "core/stack_guard.h"
 
+#include <algorithm>
+
 #include "core/diagnostics.h"
 #include "core/run_state.h"
 #include "data/failure.h"
@@ -9,17 +11,22 @@
 namespace velm {
 
 char* NestingGuard::limit = nullptr;
+std::size_t NestingGuard::nestedUnits = 0;
 
 namespace {
 
 constexpr std::size_t kWantedBytes = std::size_t{64} << 20;
-// Kept free for the report itself, which may open a message box.
+// Kept free for the report itself, which may open a message box; a quarter of a small stack.
 constexpr std::size_t kReserveBytes = std::size_t{1} << 20;
 constexpr int kUnknownCause = 999;
 
 }  // namespace
 
-void InitStackGuard() { NestingGuard::limit = StackEnd(kWantedBytes) + kReserveBytes; }
+void InitStackGuard() {
+    char* end = StackEnd(kWantedBytes);
+    const auto size = static_cast<std::size_t>(StackPointer() - end);
+    NestingGuard::limit = end + std::min(kReserveBytes, size / 4);
+}
 
 void NestingGuard::Report() {
     if (run.StopFlag) return;

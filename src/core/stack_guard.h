@@ -1,6 +1,12 @@
 // Guards the process's stack: recursion of procedures, words and blocks is bounded by it. Before it
-// runs out the script gets a report, and the run is stopped in order.
+// runs out the script gets a report, and the run is stopped in order. Words within words are bounded
+// by their length as well: each level keeps a text of its own, so that 100,000 brackets in one another
+// would take all memory long before the stack is used up.
 #pragma once
+
+#include <cstddef>
+
+#include "platform/stack.h"
 
 namespace velm {
 
@@ -12,16 +18,26 @@ void InitStackGuard();
 // up; the report has then been made and StopFlag is set.
 class NestingGuard {
   public:
-    NestingGuard() : exhausted_(reinterpret_cast<char*>(this) < limit) {
+    // units: the length of the word that is evaluated on this level.
+    explicit NestingGuard(std::size_t units = 0) : units_(units) {
+        nestedUnits += units;
+        exhausted_ = StackPointer() < limit || nestedUnits > kMostUnits;
         if (exhausted_) Report();
     }
+    NestingGuard(const NestingGuard&) = delete;
+    NestingGuard& operator=(const NestingGuard&) = delete;
+    ~NestingGuard() { nestedUnits -= units_; }
     bool Exhausted() const { return exhausted_; }
 
     // The address below which the stack counts as used up (it grows downward).
     static char* limit;
 
   private:
-    bool exhausted_;
+    static constexpr std::size_t kMostUnits = std::size_t{32} << 20;
+    static std::size_t nestedUnits;
+
+    std::size_t units_;
+    bool exhausted_ = false;
 
     static void Report();
 };

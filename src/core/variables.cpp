@@ -7,6 +7,7 @@
 
 #include "core/diagnostics.h"
 #include "core/eval.h"
+#include "core/expression.h"
 #include "core/word_plan.h"
 #include "data/brackets.h"
 #include "data/failure.h"
@@ -192,15 +193,6 @@ void SetVariable(std::u16string_view name, Value value) {
     SetVariable(*PlanTarget(name), std::move(value));
 }
 
-const Value* FindVariable(const Symbol* symbol) {
-    if (symbol == nullptr) return nullptr;
-    if (Locals) {
-        if (const Value* local = Locals->Find(symbol)) return local;
-    }
-    const xxCmdData* entry = symbol->Entry(TableKind::kGlobals);
-    return entry == nullptr ? nullptr : &entry->Value;
-}
-
 Value ReadIndexed(const Value& variable, std::u16string_view name,
                   const std::vector<Word>& subscript) {
     const Value table = variable;  // evaluating the index may change the variable
@@ -225,16 +217,25 @@ Value GetVariable(std::u16string_view name, bool& found, std::u16string_view sub
     return subscript.empty() ? *variable : ReadIndexed(*variable, name, CutWords(subscript));
 }
 
+void StoreNumber(const AssignmentTarget& target, double number) {
+    Value* place = target.symbol == nullptr ? nullptr : FindForChange(target.symbol);
+    if (place == nullptr || !place->SetNumber(number)) Store(target, Value::OfNumber(number));
+}
+
 void AssignWord(const AssignmentTarget& target, Word& word) {
     const Word held = word;
     const bool plain = !target.indexed && !target.unclosed && !held.IsEmpty();
+    if (plain && held.Plan().kind == PlanKind::kArithmetic && held.Plan().rewritten.empty()) {
+        StoreNumber(target, Evaluate(*held.Plan().expression));
+        return;
+    }
     if (plain && held.Plan().kind == PlanKind::kJoin) {
         const WordPlan& plan = held.Plan();
         const Word& left = plan.parts[0];
         if (!left.IsEmpty() && left.Plan().symbol == target.symbol &&
             left.Plan().kind == PlanKind::kName) {
             Value text = EvalWord(left);
-            const Value tail = EvalWord(plan.parts[1]);
+            const Value tail = EvalJoin(plan, 1);
             Value* place = FindForChange(target.symbol);
             if (place != nullptr && place->SharesRecordWith(text)) *place = Value();
             text.Append(tail);

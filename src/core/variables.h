@@ -94,13 +94,23 @@ void SetVariable(const AssignmentTarget& target, Value value);
 
 // The value of a variable; nullptr when there is none of that name. The pointer holds until the next
 // store.
-const Value* FindVariable(const Symbol* symbol);
+inline const Value* FindVariable(const Symbol* symbol) {
+    if (symbol == nullptr) return nullptr;
+    if (Locals) {
+        if (const Value* local = Locals->Find(symbol)) return local;
+    }
+    const xxCmdData* entry = symbol->Entry(TableKind::kGlobals);
+    return entry == nullptr ? nullptr : &entry->Value;
+}
 
 // The value of a variable, or what an index within it gives. found tells whether the variable exists.
 Value GetVariable(std::u16string_view name, bool& found, std::u16string_view subscript);
 // The indexed value of a variable that was found. Reports error 37.
 Value ReadIndexed(const Value& variable, std::u16string_view name,
                   const std::vector<Word>& subscript);
+
+// Stores a number, without making a value of it where there is one already.
+void StoreNumber(const AssignmentTarget& target, double number);
 
 // Assigns what a word gives; a text that grows at its end grows in place.
 void AssignWord(const AssignmentTarget& target, Word& word);

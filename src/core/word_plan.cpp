@@ -36,12 +36,14 @@ bool PlanNumber(std::u16string_view word, WordPlan& plan) {
     return true;
 }
 
+// Each ＆ joins what stands before it to all that follows, which is a word by itself: its brackets are
+// counted anew.
 bool PlanJoin(std::u16string_view word, WordPlan& plan) {
-    const std::size_t mark = FindOutsideBrackets(word, u"＆", 1, kQuotesAndRound);
-    if (mark == 0) return false;
+    if (word.find(u'＆') == kNotFound) return false;
+    const std::vector<std::u16string_view> parts = CutAtMark(word, u'＆', kQuotesAndRound);
+    if (parts.size() == 1) return false;
     plan.kind = PlanKind::kJoin;
-    plan.parts.emplace_back(word.substr(0, mark - 1));
-    plan.parts.emplace_back(word.substr(mark));
+    for (const std::u16string_view part : parts) plan.parts.emplace_back(part);
     return true;
 }
 

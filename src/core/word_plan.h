@@ -27,7 +27,7 @@ enum class PlanKind : std::uint8_t {
     kEmpty,       // nothing but blanks
     kNumber,      // constant, as it was written
     kText,        // constant, the inside of 「 」
-    kJoin,        // parts[0] ＆ parts[1]
+    kJoin,        // the parts between ＆
     kHoles,       // literals and parts in turn
     kArithmetic,  // expression
     kBracketed,   // parts[0] within brackets

@@ -148,6 +148,26 @@ std::vector<std::u16string_view> CutSentences(std::u16string_view line) {
     return sentences;
 }
 
+std::vector<std::u16string_view> CutAtMark(std::u16string_view text, char16_t mark,
+                                           BracketSet set) {
+    std::vector<std::u16string_view> pieces;
+    PairCounts whole = CountPairs(text, set);
+    PairCounts counts;
+    std::size_t from = 0;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        counts.Add(text[i], set, 1);
+        if (text[i] != mark || counts.InsideOf(whole, set.openers.size())) continue;
+        pieces.push_back(text.substr(from, i - from));
+        from = i + 1;
+        for (std::size_t pair = 0; pair < set.openers.size(); ++pair) {
+            whole.difference[pair] -= counts.difference[pair];
+        }
+        counts = PairCounts();
+    }
+    pieces.push_back(text.substr(from));
+    return pieces;
+}
+
 std::u16string_view BetweenOutsideBrackets(std::u16string_view text, std::u16string_view from,
                                            std::u16string_view to, std::size_t start) {
     const std::size_t first = FindOutsideBrackets(text, from, start);

@@ -56,6 +56,10 @@ std::vector<std::u16string_view> CutAtCommas(std::u16string_view normalised);
 // brackets are counted anew in what is left of each cut. One element when there is no such "。".
 std::vector<std::u16string_view> CutSentences(std::u16string_view line);
 
+// The pieces between the marks outside the pairs of the set, cut from the start: the brackets are
+// counted anew in what is left of each cut. One element when there is no such mark.
+std::vector<std::u16string_view> CutAtMark(std::u16string_view text, char16_t mark, BracketSet set);
+
 // Text between from and to, neither inside brackets, searched from the 1-based start; empty if
 // from is absent, all after it if to is absent.
 std::u16string_view BetweenOutsideBrackets(std::u16string_view text, std::u16string_view from,

@@ -124,10 +124,11 @@ std::string Without(std::string_view file, std::size_t from, std::size_t to) {
     return std::string(file.substr(0, from)).append(file.substr(to));
 }
 
-// The line's text with another value; blanks that stand before the value stay.
+// The line's text with another value; blanks that stand before the value stay, unless it brings its own.
 std::string WithValue(std::string_view text, std::string_view value) {
-    std::size_t at = text.find('=') + 1;
-    while (at < text.size() && kBlanks.find(text[at]) != std::string_view::npos) ++at;
+    const std::size_t behind = text.find('=') + 1;
+    const bool bringsBlanks = value.find_first_of(kBlanks) == 0;
+    const std::size_t at = bringsBlanks ? behind : text.find_first_not_of(kBlanks, behind);
     return std::string(text.substr(0, at)).append(value);
 }
 

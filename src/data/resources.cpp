@@ -15,7 +15,7 @@ namespace {
 using Entries = std::vector<std::pair<std::u16string, std::u16string>>;
 
 std::u16string LoadText(int id) {
-    const std::string name = std::to_string(id);
+    const std::string name = Utf16ToUtf8(FormatNumber(id));
     for (std::size_t i = 0; i < kEmbeddedResourceCount; ++i) {
         if (kEmbeddedResources[i].name != name) continue;
         const std::u16string text = Utf8ToUtf16(kEmbeddedResources[i].bytes);

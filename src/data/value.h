@@ -22,6 +22,7 @@
 #include <string_view>
 #include <utility>
 
+#include "data/numbers.h"
 #include "data/value_record.h"
 
 namespace velm {
@@ -77,6 +78,13 @@ class Value {
     bool IsPlainNumber(double& number) const {
         number = number_;
         return record_ == &kNumberRecord;
+    }
+    // Takes another number in place of the one that is held without a text. False, with nothing changed,
+    // when this is no such value.
+    bool SetNumber(double number) {
+        if (record_ != &kNumberRecord) return false;
+        number_ = RoundToText(number) + 0.0;
+        return true;
     }
     bool SameText(const Value& other) const;
     // Adds the text to out, without keeping a text for a number that has none yet.

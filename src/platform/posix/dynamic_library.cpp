@@ -233,7 +233,8 @@ std::byte* LibraryMemory(std::size_t bytes) {
 
 std::int32_t ToScriptNumber(std::int64_t machineWord) {
     const auto low = static_cast<std::int32_t>(machineWord);
-    if (low == machineWord) return low;
+    // A function that returns 32 bits leaves the upper half empty, also of a number below zero.
+    if (low == machineWord || machineWord >> 32 == 0) return low;
     return IsMapped(machineWord) ? HandleOf(machineWord) : low;
 }
 

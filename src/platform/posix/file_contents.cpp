@@ -124,7 +124,7 @@ void CopyAttributes(int from, int to, const struct stat& info) {
         if (got >= 0) fsetxattr(to, name, value.data(), static_cast<std::size_t>(got), 0);
     }
     if (fchown(to, info.st_uid, info.st_gid) != 0) errno = 0;  // only its owner's right to give
-    fchmod(to, info.st_mode & 07777);
+    fchmod(to, info.st_mode & 0777);
 }
 
 void ReplaceWhole(const std::string& path, std::string_view bytes) {

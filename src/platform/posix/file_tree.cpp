@@ -166,7 +166,7 @@ struct Ends {
 };
 
 Ends CheckedEnds(std::u16string_view from, std::u16string_view to) {
-    Ends ends = {NativePath(from), NativePath(to)};
+    Ends ends = {native::EntryPath(from), native::EntryPath(to)};
     const struct stat info = LinkStat(ends.from);
     struct stat there;
     if (S_ISDIR(info.st_mode)) {
@@ -200,6 +200,12 @@ void native::CopyAndRemove(const std::string& from, const std::string& to) {
     RemoveEntry(from);
 }
 
+std::string native::EntryPath(std::u16string_view path) {
+    std::string native = NativePath(path);
+    while (native.size() > 1 && native.ends_with('/')) native.pop_back();
+    return native;
+}
+
 void native::RefuseRoot(const std::string& path) {
     const std::string name = Name(path);
     struct stat root;
@@ -223,7 +229,7 @@ bool MoveTree(std::u16string_view from, std::u16string_view to, const TreeQuesti
 }
 
 void RemoveTree(std::u16string_view path) {
-    const std::string native = NativePath(path);
+    const std::string native = native::EntryPath(path);
     native::RefuseRoot(native);
     native::RemoveEntry(native);
 }

@@ -154,12 +154,21 @@ void SetExtraAttributes(const std::string& path, int attributes) {
     }
 }
 
+void MoveWithoutReplacing(const std::string& from, const std::string& to) {
+    if (renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return;
+    if (errno != EINVAL && errno != ENOSYS) Fail(errno, from, Deed::kWrite);
+    // A file system that can't do both in one step.
+    struct stat info;
+    if (lstat(to.c_str(), &info) == 0) Fail(EEXIST, to, Deed::kWrite);
+    Check(rename(from.c_str(), to.c_str()), from);
+}
+
 void SetHidden(const std::string& path, bool hidden) {
     const std::string name = native::Name(path);
     if (name.starts_with('.') == hidden) return;
     const std::string other =
         native::Join(native::Folder(path), hidden ? "." + name : name.substr(1));
-    Check(renameat2(AT_FDCWD, path.c_str(), AT_FDCWD, other.c_str(), RENAME_NOREPLACE), path);
+    MoveWithoutReplacing(path, other);
 }
 
 }  // namespace
@@ -335,7 +344,7 @@ void RenameEntry(std::u16string_view from, std::u16string_view to) {
     // A new spelling of the same name finds the old one.
     if (target == source) target = NativePathAsWritten(to);
     if (target == source) return;
-    Check(renameat2(AT_FDCWD, source.c_str(), AT_FDCWD, target.c_str(), RENAME_NOREPLACE), source);
+    MoveWithoutReplacing(source, target);
 }
 
 void SetFileAttributes(std::u16string_view path, int attributes) {

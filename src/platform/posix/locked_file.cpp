@@ -8,20 +8,24 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
 #include <cstdlib>
 #include <memory>
+#include <thread>
 
 #include "data/failure.h"
 #include "platform/files.h"
 #include "platform/posix/native_files.h"
-#include "platform/process.h"
 
 namespace velm {
 
 namespace {
 
-constexpr int kLongestWaitMilliseconds = 10'000;
-constexpr int kPauseMilliseconds = 2;
+using std::chrono::steady_clock;
+
+constexpr std::chrono::seconds kLongestWait{10};
+// Short against the time that a write takes, so that of two who write all the time neither starves.
+constexpr std::chrono::microseconds kPause{200};
 
 // The folder where the file itself stands, behind all links.
 std::string FolderOfFile(std::u16string_view path) {
@@ -37,9 +41,10 @@ class FolderLock {
     explicit FolderLock(const std::string& folder)
         // With the point a missing folder is one on the way, which is failure 76.
         : folder_(native::Open(native::Join(folder, "."), O_RDONLY | O_DIRECTORY)) {
-        for (int waited = 0; !Take(); waited += kPauseMilliseconds) {
-            if (waited >= kLongestWaitMilliseconds) throw Failure(failure::kFileOpen);
-            SleepMilliseconds(kPauseMilliseconds);
+        const steady_clock::time_point end = steady_clock::now() + kLongestWait;
+        while (!Take()) {
+            if (steady_clock::now() > end) throw Failure(failure::kFileOpen);
+            std::this_thread::sleep_for(kPause);
         }
     }
 

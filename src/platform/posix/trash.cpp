@@ -113,7 +113,7 @@ std::string ClaimName(const std::string& trash, const std::string& path) {
 }  // namespace
 
 void MoveToTrash(std::u16string_view path) {
-    const std::string native = NativePath(path);
+    const std::string native = native::EntryPath(path);
     native::RefuseRoot(native);
     struct stat info;
     if (lstat(native.c_str(), &info) != 0) Fail(errno, native, Deed::kRead);

@@ -128,7 +128,7 @@ TEST(DynamicLibrary, AnAddressBeyondGoesAsAHandleAndComesBack) {
 }
 
 TEST(DynamicLibrary, AWordThatIsNoAddressGivesItsLowHalf) {
-    EXPECT_EQ(ToScriptNumber(0x1'0000'0005), 5);
+    EXPECT_EQ(ToScriptNumber(0x7FFF'0000'0000'0005), 5);
     EXPECT_EQ(ToScriptNumber(-5'000'000'000), -705032704);
     EXPECT_EQ(ToScriptNumber(0xFFFF'FFFF), -1);
 }

@@ -174,6 +174,18 @@ TEST(RemoveTree, LinksAreNotFollowed) {
     EXPECT_EQ(folder.Read("outside/a.txt"), "x");
 }
 
+TEST(RemoveTree, SeparatorBehindALinkDoesNotFollowIt) {
+    const TemporaryFolder folder;
+    folder.Write("outside/a.txt", "x");
+    folder.Link("outside", "link");
+    RemoveTree(u"link\\");
+    EXPECT_FALSE(folder.Has("link"));
+    folder.Link("outside", "link");
+    MoveToTrash(u"link\\");
+    EXPECT_FALSE(folder.Has("link"));
+    EXPECT_EQ(folder.Read("outside/a.txt"), "x");
+}
+
 TEST(RemoveTree, RootAndPointsAreRefused) {
     const TemporaryFolder folder;
     folder.Write("a.txt", "");
