@@ -4,13 +4,15 @@
 Scripts write to a settings file, to the registry and to the user's settings, and tell each write on
 standard output as soon as its sentence is done. They are killed (SIGKILL) at odd moments: whatever was
 told must be there afterwards, and the file must be whole. Then several scripts write at once, and
-nothing may be lost. At last the protection gate is asked with levels in the store.
+nothing may be lost. A disk that is full is told and costs no old value. At last the protection gate is
+asked with levels in the store.
 """
 
 import argparse
 import os
 import pathlib
 import random
+import resource
 import signal
 import sqlite3
 import subprocess
@@ -63,11 +65,11 @@ def environment(folder):
     return dict(os.environ, HOME=home, XDG_DATA_HOME=f"{home}/data", XDG_CONFIG_HOME=f"{home}/config")
 
 
-def start(runtime, folder, name, source):
+def start(runtime, folder, name, source, before=None):
     (folder / name).write_bytes(source.replace("\n", "\r\n").encode("cp932"))
     return subprocess.Popen(
         [runtime, name], cwd=folder, env=environment(folder), stdout=subprocess.PIPE,
-        stderr=subprocess.PIPE,
+        stderr=subprocess.PIPE, preexec_fn=before,
     )
 
 
@@ -165,6 +167,42 @@ def write_at_once(runtime, kind, writers):
             check_written(folder, kind, f"m{i}", range(1, ENTRIES + 1))
 
 
+FULL_DISK = """設定ファイルは 「app.ini」
+設定ファイルの「s」の「k」を{value}へ設定
+レジストリの「HKEY_CURRENT_USER\\a\\b」を{value}へ設定
+A＝設定（設定ファイルの「s」の「k」）
+Aを表示
+A＝設定（レジストリの「HKEY_CURRENT_USER\\a\\b」）
+Aを表示
+"""
+
+
+def limit_files():
+    """In the child: no file may grow over 64 KB; what would is refused, as by a full disk."""
+    signal.signal(signal.SIGXFSZ, signal.SIG_IGN)
+    resource.setrlimit(resource.RLIMIT_FSIZE, (65536, 65536))
+
+
+def check_full_disk(runtime):
+    with tempfile.TemporaryDirectory() as name:
+        folder = pathlib.Path(name)
+        old = "; 前書き\r\n[s]\r\nk=old\r\n".encode("cp932")
+        (folder / "app.ini").write_bytes(old)
+        first = 'レジストリの「HKEY_CURRENT_USER\\a\\b」をoldへ設定\n'
+        start(runtime, folder, "w.vlm", first).communicate()
+        writer = start(
+            runtime, folder, "f.vlm", FULL_DISK.format(value="y" * 100000), limit_files
+        )
+        output, errors = (text.decode() for text in writer.communicate())
+        if output.split() != ["old", "old"] or (folder / "app.ini").read_bytes() != old:
+            raise Failed(f"a full disk took the old values: {output} {errors}")
+        for number in (39, 26):
+            if f"エラー番号{number}］" not in errors:
+                raise Failed(f"a full disk: message {number} is missing: {errors}")
+        if [entry.name for entry in folder.iterdir() if entry.name.startswith(".")]:
+            raise Failed("a full disk: a file of the failed write stays")
+
+
 GUARDED = """X＝-5
 cのabsでXを呼び出せ
 レジストリの「HKEY_CURRENT_USER\\a\\b」を1へ設定
@@ -232,6 +270,8 @@ def main():
             print(f"{kind}: killed {len(counts)} writers behind {sum(counts)} writes, nothing lost")
             write_at_once(runtime, kind, 3)
             print(f"{kind}: 3 writers at once, nothing lost")
+        check_full_disk(runtime)
+        print("full disk: told, and the old values stay")
         check_protection(runtime)
         print("protection: the levels of the store hold")
     except Failed as failed:

@@ -21,10 +21,10 @@ constexpr std::size_t kMostBytes = 256;
 constexpr std::size_t kNumberBytes = 4;
 
 void AppendHex(std::u16string& text, char byte) {
-    constexpr std::u16string_view digits = u"0123456789ABCDEF";
+    constexpr std::u16string_view kDigits = u"0123456789ABCDEF";
     const auto value = static_cast<unsigned char>(byte);
-    text += digits[value >> 4U];
-    text += digits[value & 0xFU];
+    text += kDigits[value >> 4U];
+    text += kDigits[value & 0xFU];
 }
 
 std::u16string NumberText(const std::string& bytes) {

@@ -114,9 +114,9 @@ std::uint64_t FromLowBytes(std::string_view bytes) {
 }
 
 std::uint64_t LongOf(double number) {
-    constexpr double beyond = 9223372036854775808.0;
+    constexpr double kBeyond = 9223372036854775808.0;
     const double whole = std::nearbyint(number);
-    if (!(whole >= -beyond && whole < beyond)) throw Failure(failure::kOverflow);
+    if (!(whole >= -kBeyond && whole < kBeyond)) throw Failure(failure::kOverflow);
     return static_cast<std::uint64_t>(static_cast<std::int64_t>(whole));
 }
 

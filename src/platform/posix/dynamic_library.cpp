@@ -7,6 +7,7 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
+#include <bit>
 #include <cstring>
 #include <limits>
 #include <memory>
@@ -113,10 +114,10 @@ std::byte* MapLow(std::size_t bytes) {
     void* got = mmap(nullptr, bytes, protection, flags | MAP_32BIT, -1, 0);
     if (got != MAP_FAILED) return static_cast<std::byte*>(got);
 #endif
-    constexpr std::uintptr_t step = std::uintptr_t{16} << 20;
-    for (std::uintptr_t at = step; at + bytes < kLowEnd; at += step) {
+    constexpr std::uintptr_t kStep = std::uintptr_t{16} << 20;
+    for (std::uintptr_t at = kStep; at + bytes < kLowEnd; at += kStep) {
         // The address is only a wish; what isn't granted low is given back.
-        void* wish = reinterpret_cast<void*>(at);
+        void* wish = std::bit_cast<void*>(at);
         void* hinted = mmap(wish, bytes, protection, flags, -1, 0);
         if (hinted == MAP_FAILED) return nullptr;
         if (reinterpret_cast<std::uintptr_t>(hinted) + bytes <= kLowEnd) {
@@ -177,7 +178,7 @@ bool IsMapped(std::int64_t word) {
     const auto pageBytes = static_cast<std::uintptr_t>(sysconf(_SC_PAGESIZE));
     const std::uintptr_t page = static_cast<std::uintptr_t>(word) & ~(pageBytes - 1);
     unsigned char resident = 0;
-    return mincore(reinterpret_cast<void*>(page), 1, &resident) == 0;
+    return mincore(std::bit_cast<void*>(page), 1, &resident) == 0;
 }
 
 std::int32_t HandleOf(std::int64_t address) {
