@@ -148,14 +148,21 @@ Tokens SplitAtBlanks(std::u16string_view text) {
 }
 
 // % and \ work on both sides rounded to 32-bit integers.
-bool ApplyIntegers(Operator op, double& left, double right) {
+void ApplyIntegers(Operator op, double& left, double right) {
+    constexpr double kLimit = 2147483647;
+    const bool whole = IsShortInteger(left) && IsShortInteger(right);
+    if (whole && std::abs(left) <= kLimit && std::abs(right) <= kLimit && right != 0) {
+        const auto a = static_cast<std::int64_t>(left);
+        const auto b = static_cast<std::int64_t>(right);
+        left = static_cast<double>(op == Operator::kRemainder ? a % b : a / b);
+        return;
+    }
     const std::optional<std::int32_t> a = TryInt32(left);
     const std::optional<std::int32_t> b = TryInt32(right);
-    if (!a || !b || *b == 0) return false;
+    if (!a || !b || *b == 0) return;
     const std::int64_t wideLeft = *a;
     const std::int64_t result = op == Operator::kRemainder ? wideLeft % *b : wideLeft / *b;
     left = static_cast<double>(result);
-    return true;
 }
 
 // Applies an operator to its left operand in place; one that fails leaves it as it is.
@@ -172,14 +179,12 @@ inline void Apply(Operator op, double& left, double right) {
     if (std::isfinite(result)) left = result;
 }
 
-double NumberOfStep(const ExpressionStep& step) {
-    switch (step.kind) {
-        case ExpressionStep::Kind::kVariable:
-            if (const Value* variable = FindVariable(step.symbol)) return variable->NumberOrZero();
-            return EvalWord(step.word).NumberOrZero();
-        case ExpressionStep::Kind::kWord: return EvalWord(step.word).NumberOrZero();
-        default: return step.number;
+inline double NumberOfStep(const ExpressionStep& step) {
+    if (step.kind == ExpressionStep::Kind::kNumber) return step.number;
+    if (step.kind == ExpressionStep::Kind::kVariable) {
+        if (const Value* variable = FindVariable(step.symbol)) return variable->NumberOrZero();
     }
+    return EvalWord(step.word).NumberOrZero();
 }
 
 // The common case: every operator has its operands.

@@ -138,17 +138,26 @@ class Loop {
 
     static bool IsLeaving() { return run.StopFlag || run.ReturnFlag || run.LoopBreakFlag; }
 
+    static double CountOf(const Value& variable) {
+        double number = 0;
+        return variable.IsPlainNumber(number) ? number : NumberOf(variable);
+    }
+
     // Adds 1 to the counter. False when the value before that was the limit of a まで loop.
     bool Count() {
         if (!plan_.counterTarget) return true;
         const AssignmentTarget& target = *plan_.counterTarget;
         double before = 0;
         if (!target.indexed) {
-            if (const Value* variable = FindVariable(target.symbol)) before = NumberOf(*variable);
+            if (const Value* variable = FindVariable(target.symbol)) before = CountOf(*variable);
         } else {
             before = EvalNumber(plan_.counter);
         }
-        SetVariable(target, Value::OfNumber(before + 1));
+        if (target.indexed) {
+            SetVariable(target, Value::OfNumber(before + 1));
+        } else {
+            StoreNumber(target, before + 1);
+        }
         return !forever_ || before != limit_;
     }
 

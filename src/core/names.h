@@ -41,7 +41,7 @@ using JoshiList = std::vector<std::u16string>;
 //   Joshi    commands and functions: the particles
 struct xxCmdData {
     std::u16string Name;
-    std::int16_t Num = 0;
+    std::int32_t Num = 0;
     std::int32_t Flags = 0;
     union Pointer {
         CommandHandler command;

@@ -175,7 +175,7 @@ void RegisterProcedures(const Program& program, std::int32_t index) {
         }
         entry.Name = title;
         entry.FuncPnt.line = static_cast<std::intptr_t>(i + 1);
-        entry.Num = static_cast<std::int16_t>(index);
+        entry.Num = index;
         Symbol* key = Intern(title.starts_with(u'!') ? title.substr(1) : title);
         Procedures.Remove(key);
         Procedures.Add(key, std::move(entry));

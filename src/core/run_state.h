@@ -42,6 +42,7 @@ struct RunState {
     bool LoopBreakFlag = false;          // leave the innermost loop
     bool IfBreakFlag = false;            // leave the innermost もし block
     std::atomic<bool> StopFlag = false;  // the run is to end; a signal handler may set it
+    bool Exhausted = false;              // the stack was used up: nested runs end as well
     RunStatus Status = RunStatus::kIdle;
     StatementPtr CurrentStatement;  // the last command sentence that ran
     Value Response;                 // the answer behind それ
@@ -64,6 +65,7 @@ struct RunState {
 struct ProcessState {
     RunModes RunMode = RunModes::kScript;
     bool AdvancedErrors = false;
+    std::atomic<bool> Interrupted = false;  // by a signal: no run goes on or begins any more
     bool HostRuns = false;  // 起動中 answers 1; set through GetSetInfo
     std::u16string CommandLine;
     std::u16string ProgramPath;

@@ -210,7 +210,7 @@ SplitCache MakeSplit(Statement& statement, std::span<const std::u16string_view> 
         const std::size_t at = particle.empty() ? kNotFound : FindParticle(marked, particle);
         if (at == kNotFound) continue;
         marked = Fence(marked, at, particle);
-        split.after = statement.Cache().lastFences + 1;
+        split.after = std::max(statement.Cache().lastFences, split.before) + 1;
     }
     statement.Cache().lastFences = std::max(statement.Cache().lastFences, split.after);
     const std::vector<std::u16string_view> parts = Split(marked, {&kMarker, 1});

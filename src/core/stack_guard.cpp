@@ -32,6 +32,7 @@ void NestingGuard::Report() {
     if (run.StopFlag) return;
     RaiseError(kUnknownCause, 16, FailureDescription(failure::kOutOfStack), u"", -1);
     run.StopFlag = true;
+    run.Exhausted = true;
 }
 
 }  // namespace velm

@@ -222,28 +222,40 @@ void StoreNumber(const AssignmentTarget& target, double number) {
     if (place == nullptr || !place->SetNumber(number)) Store(target, Value::OfNumber(number));
 }
 
+namespace {
+
+// X＝X＆…: the text grows in place when nobody else holds it.
+bool GrowsItself(const AssignmentTarget& target, const WordPlan& plan) {
+    if (plan.kind != PlanKind::kJoin || plan.parts[0].IsEmpty()) return false;
+    const WordPlan& left = plan.parts[0].Plan();
+    return left.kind == PlanKind::kName && left.symbol == target.symbol;
+}
+
+void Grow(const AssignmentTarget& target, const WordPlan& plan) {
+    Value text = EvalWord(plan.parts[0]);
+    const Value tail = EvalJoin(plan, 1);
+    Value* place = FindForChange(target.symbol);
+    if (place != nullptr && place->SharesRecordWith(text)) *place = Value();
+    text.Append(tail);
+    Store(target, std::move(text));
+}
+
+}  // namespace
+
 void AssignWord(const AssignmentTarget& target, Word& word) {
-    const Word held = word;
-    const bool plain = !target.indexed && !target.unclosed && !held.IsEmpty();
-    if (plain && held.Plan().kind == PlanKind::kArithmetic && held.Plan().rewritten.empty()) {
-        StoreNumber(target, Evaluate(*held.Plan().expression));
+    if (target.indexed || target.unclosed || target.symbol == nullptr || word.IsEmpty()) {
+        SetVariable(target, EvalWord(word));
         return;
     }
-    if (plain && held.Plan().kind == PlanKind::kJoin) {
-        const WordPlan& plan = held.Plan();
-        const Word& left = plan.parts[0];
-        if (!left.IsEmpty() && left.Plan().symbol == target.symbol &&
-            left.Plan().kind == PlanKind::kName) {
-            Value text = EvalWord(left);
-            const Value tail = EvalJoin(plan, 1);
-            Value* place = FindForChange(target.symbol);
-            if (place != nullptr && place->SharesRecordWith(text)) *place = Value();
-            text.Append(tail);
-            Store(target, std::move(text));
-            return;
-        }
+    const WordPlan& plan = word.Plan();
+    if (plan.kind == PlanKind::kArithmetic && plan.rewritten.empty()) {
+        StoreNumber(target, Evaluate(*plan.expression));
+    } else if (GrowsItself(target, plan)) {
+        const Word held = word;
+        Grow(target, held.Plan());
+    } else {
+        SetVariable(target, EvalWord(word));
     }
-    SetVariable(target, EvalWord(word));
 }
 
 }  // namespace velm

@@ -78,7 +78,8 @@ void ResetRunState() {
     run.JumpFlag = run.ReturnFlag = run.LoopBreakFlag = run.IfBreakFlag = false;
     if (hooks.ResetObjects != nullptr) hooks.ResetObjects();
     SeedRandom(static_cast<std::uint32_t>(TheClock().MillisecondsSinceStart()));
-    run.StopFlag = false;
+    run.Exhausted = false;
+    run.StopFlag = process.Interrupted.load();
     run.Status = RunStatus::kRunning;
 }
 
@@ -134,7 +135,8 @@ void Velm::Run(std::u16string_view source, std::u16string_view path, bool nested
     PumpEvents();
     RunTop(*program);
     if (!nested && hooks.CloseObjects != nullptr) hooks.CloseObjects();
-    if (nested) run.StopFlag = false;
+    // The stop of an inner run is not the stop of the outer one, but for those that end the process.
+    if (nested) run.StopFlag = run.Exhausted || process.Interrupted;
     if (run.Status == RunStatus::kRunning) run.Status = RunStatus::kIdle;
     process.CommandLine.clear();
     pendingFailure.Clear();

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 #include "core/arguments.h"
 #include "core/expression.h"
@@ -82,6 +83,17 @@ bool IsArithmetic(std::u16string_view word) {
     return false;
 }
 
+// An operator behind a bracket that is never closed parts nothing: such a word would be its own only
+// token, and stand for itself without end.
+bool PlanArithmetic(std::u16string_view word, WordPlan& plan) {
+    if (!IsArithmetic(word)) return false;
+    std::shared_ptr<const Expression> expression = PlanExpression(word);
+    if (expression->steps.size() == 1 && expression->steps[0].word.Text() == word) return false;
+    plan.kind = PlanKind::kArithmetic;
+    plan.expression = std::move(expression);
+    return true;
+}
+
 void PlanName(std::u16string_view word, std::u16string_view name, WordPlan& plan) {
     plan.name = Word(name);
     plan.whole = Word(word);
@@ -113,9 +125,8 @@ void PlanRest(std::u16string_view word, WordPlan& plan) {
     if (quoted) {
         plan.kind = PlanKind::kText;
         plan.constant = Value(word.substr(1, word.size() - 2));
-    } else if (IsArithmetic(word)) {
-        plan.kind = PlanKind::kArithmetic;
-        plan.expression = PlanExpression(word);
+    } else if (PlanArithmetic(word, plan)) {
+        return;
     } else if (word.back() == u'）' || word.back() == u')') {
         PlanBrackets(word, plan);
     } else {

@@ -410,9 +410,8 @@ void AppendNumber(std::u16string& text, double number) {
     text.append(digits.begin(), digits.end());
 }
 
-double RoundToText(double number) {
+double RoundFraction(double number) {
     const double magnitude = std::abs(number);
-    if (magnitude < kIntegerLimit && number == std::trunc(number)) return number + 0.0;
     if (CanScale(magnitude)) {
         const Scaled scaled = ScaleToDigits(magnitude);
         return std::copysign(scaled.digits / PowerOfTen(scaled.places), number);
@@ -438,7 +437,7 @@ bool IsCanonicalNumber(std::u16string_view text, double& number) {
     return same;
 }
 
-double RoundPlaces15(double number) {
+double RoundPlacesOfFraction(double number) {
     constexpr double kFirstWithoutPlaces = 8;
     if (!(std::abs(number) < kFirstWithoutPlaces)) return number;
     return RoundedProduct(number, kIntegerLimit) / kIntegerLimit + 0.0;

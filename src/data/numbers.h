@@ -10,6 +10,18 @@
 
 namespace velm {
 
+/// Whether the number is an integer that its text holds in full (below 1E15): the common case, for which nothing is
+/// to be rounded.
+inline bool IsShortInteger(double number) {
+    constexpr double kLimit = 1e15;
+    return number < kLimit && number > -kLimit &&
+           static_cast<double>(static_cast<std::int64_t>(number)) == number;
+}
+
+/// The parts of RoundToText and RoundPlaces15 for all other numbers.
+double RoundFraction(double number);
+double RoundPlacesOfFraction(double number);
+
 /// The numeric test and the plain conversion in one: the number that the whole text stands for,
 /// correctly rounded.
 ///
@@ -45,7 +57,9 @@ void AppendNumber(std::u16string& text, double number);
 
 /// The number that FormatNumber(number) reads back as. A number beyond the range of its text (its
 /// 15 digits round up past the largest double) comes back as it is.
-double RoundToText(double number);
+inline double RoundToText(double number) {
+    return IsShortInteger(number) ? number + 0.0 : RoundFraction(number);
+}
 
 /// True where the text is exactly what FormatNumber gives for some number, which is then stored;
 /// else `number` is left as it is.
@@ -53,7 +67,9 @@ bool IsCanonicalNumber(std::u16string_view text, double& number);
 
 /// Rounds to 15 decimal places, ties to the even one: the last step of an arithmetic word. From 8
 /// on a double has no 15th place, and comes back unchanged.
-double RoundPlaces15(double number);
+inline double RoundPlaces15(double number) {
+    return IsShortInteger(number) ? number + 0.0 : RoundPlacesOfFraction(number);
+}
 
 /// The nearest integer, ties to the even one. Throws Failure(6) where it does not fit (or is not
 /// a number at all).

@@ -1,6 +1,6 @@
 // velmconsole: the engine with its dialogs on the terminal.
-#include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -16,6 +16,7 @@
 #include "data/utf.h"
 #include "faces/console/console_dialogs.h"
 #include "platform/files.h"
+#include "platform/startup.h"
 
 namespace velm {
 namespace {
@@ -31,12 +32,10 @@ constexpr const char* kHelp =
     "  --help     この説明\n"
     "  --version  版\n";
 
-volatile std::sig_atomic_t interrupted = 0;
-
 // The first Ctrl-C ends the run in order; a second one ends the process.
-extern "C" void OnInterrupt(int signal) {
-    if (interrupted != 0) std::_Exit(kStatusInterrupted);
-    interrupted = signal;
+extern "C" void OnInterrupt(int /*signal*/) {
+    if (process.Interrupted) std::_Exit(kStatusInterrupted);
+    process.Interrupted = true;
     run.StopFlag = true;
 }
 
@@ -79,12 +78,13 @@ int RunScript(const std::string& name) {
     });
     if (!read) return FailToRead(name, pendingFailure.description);
     TheEngine().Run(source, path, false);
-    if (interrupted != 0) return kStatusInterrupted;
+    if (process.Interrupted) return kStatusInterrupted;
     return outputFailed ? kStatusOutputFailed : 0;
 }
 
 int Main(int count, char** words) {
     InitStackGuard();
+    HoldStandardStreams();
     const std::string_view first = count > 1 ? words[1] : "";
     if (count == 2 && first == "--version") {
         std::puts("velmconsole " VELM_VERSION);
@@ -94,8 +94,8 @@ int Main(int count, char** words) {
         std::fputs(kHelp, count < 2 ? stderr : stdout);
         return count < 2 ? kStatusUnreadable : 0;
     }
-    std::signal(SIGINT, OnInterrupt);
-    std::signal(SIGPIPE, SIG_IGN);
+    CatchInterrupt(OnInterrupt);
+    IgnoreClosedPipes();
     ConsoleDialogs dialogs;
     SetDialogs(&dialogs);
     TheEngine();

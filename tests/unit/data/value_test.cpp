@@ -1,0 +1,241 @@
+// The hidden forms of values: nobody may see them. Random accesses are compared with a model that is
+// plain text and cuts it anew each time.
+#include "data/value.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <string>
+#include <vector>
+
+#include "data/brackets.h"
+#include "data/lists.h"
+#include "data/numbers.h"
+#include "data/text.h"
+
+namespace velm {
+namespace {
+
+using Texts = std::vector<std::u16string>;
+
+Texts Pieces(std::u16string_view text, std::u16string_view separator) {
+    const auto cut = Split(text, separator);
+    return {cut.begin(), cut.end()};
+}
+
+std::u16string ModelCell(std::u16string_view text, std::size_t column) {
+    const Texts cells = Pieces(NormaliseCommas(text), u",");
+    return column < cells.size() ? cells[column] : std::u16string();
+}
+
+std::u16string WithCell(std::u16string_view text, std::size_t column, const std::u16string& item) {
+    Texts cells = Pieces(NormaliseCommas(text), u",");
+    if (cells.size() <= column) cells.resize(column + 1);
+    cells[column] = item;
+    return Join(cells, u",");
+}
+
+std::u16string ModelRow(std::u16string_view text, std::size_t row) {
+    const Texts rows = Pieces(text, kCrLf);
+    return row < rows.size() ? rows[row] : std::u16string();
+}
+
+std::u16string WithRow(std::u16string_view text, std::size_t row, const std::u16string& line) {
+    Texts rows = Pieces(text, kCrLf);
+    if (rows.size() <= row) rows.resize(row + 1);
+    rows[row] = line;
+    return Join(rows, kCrLf);
+}
+
+const Texts kTexts = {u"",        u"a,b,c",          u"a、b，c",      u"x=1\r\ny=2",
+                      u"1",       u"a,b\r\nc、d\r\n", u"k=1\r\nk=2",  u"\r\n",
+                      u"=1\r\nk", u"12,34",          u"p=1,2\r\nq=3", u",,"};
+const Texts kItems = {u"", u"a", u"12", u"x=y", u"b{**}c", u"1.50"};
+const Texts kKeys = {u"a", u"k", u"x", u"p", u"K", u"a=b", u""};
+const Texts kKeyValues = {u"", u"a", u"12", u"1\r\n2", u"{/n}", u"p,q"};
+
+// Three values with their models, and the accesses that a script can make.
+class Pair {
+  public:
+    explicit Pair(unsigned seed) : random_(seed) {
+        for (std::size_t i = 0; i < 3; ++i) Assign(i, Pick(kTexts));
+    }
+
+    void Step() {
+        const std::size_t at = Number(3);
+        const std::size_t row = Number(4);
+        const std::size_t column = Number(4);
+        Value& value = values_[at];
+        std::u16string& text = models_[at];
+        switch (Number(16)) {
+            case 0: Assign(at, Pick(kTexts)); break;
+            case 1: Copy(at, Number(3)); break;
+            case 2: ExpectSame(value.Cell(column), ModelCell(text, column)); break;
+            case 3: ExpectSame(value.Row(row), ModelRow(text, row)); break;
+            case 4:
+                ExpectSame(value.RowCell(row, column), ModelCell(ModelRow(text, row), column));
+                break;
+            case 5: {
+                const std::u16string item = Pick(kItems);
+                value.SetCell(column, Value(item));
+                text = WithCell(text, column, item);
+                break;
+            }
+            case 6: {
+                const std::u16string line = Pick(kItems) + u"," + Pick(kItems);
+                value.SetRow(row, Value(line));
+                text = WithRow(text, row, line);
+                break;
+            }
+            case 7: {
+                const std::u16string item = Pick(kItems);
+                value.SetRowCell(row, column, Value(item));
+                text = WithRow(text, row, WithCell(ModelRow(text, row), column, item));
+                break;
+            }
+            case 8: {
+                const std::u16string key = Pick(kKeys);
+                ExpectSame(value.Entry(key), GetKey(text, key));
+                break;
+            }
+            case 9: {
+                const std::u16string key = Pick(kKeys);
+                const std::u16string stored = Pick(kKeyValues);
+                value.SetEntry(key, Value(stored));
+                text = SetKey(text, key, stored);
+                break;
+            }
+            case 10: {
+                const std::size_t tail = Number(3);
+                const std::u16string added = models_[tail];
+                const Value copy = values_[tail];
+                value.Append(copy);
+                text += added;
+                if (text.size() > 200) Assign(at, u"");
+                break;
+            }
+            case 11: EXPECT_EQ(value.Number(), ParseNumber(text)); break;
+            case 12: EXPECT_EQ(value.IsEmpty(), text.empty()); break;
+            case 13: AssignNumber(at, static_cast<double>(Number(5)) / 2); break;
+            case 14: EXPECT_EQ(value.SameText(values_[0]), text == models_[0]); break;
+            default: ExpectSame(value, text); break;
+        }
+    }
+
+    void ExpectAllSame() {
+        for (std::size_t i = 0; i < 3; ++i) ExpectSame(values_[i], models_[i]);
+    }
+
+  private:
+    std::mt19937 random_;
+    Value values_[3];
+    std::u16string models_[3];
+
+    std::size_t Number(std::size_t below) { return random_() % below; }
+    const std::u16string& Pick(const Texts& texts) { return texts[Number(texts.size())]; }
+    void Assign(std::size_t at, const std::u16string& text) {
+        values_[at] = Value(text);
+        models_[at] = text;
+    }
+    void AssignNumber(std::size_t at, double number) {
+        values_[at] = Value::OfNumber(number);
+        models_[at] = FormatNumber(number);
+    }
+    void Copy(std::size_t to, std::size_t from) {
+        values_[to] = values_[from];
+        models_[to] = models_[from];
+    }
+    static void ExpectSame(const Value& value, const std::u16string& text) {
+        EXPECT_EQ(value.Text(), text);
+    }
+};
+
+TEST(Value, NoScriptCanDetectTheForms) {
+    for (unsigned seed = 0; seed < 3000; ++seed) {
+        Pair pair(seed);
+        for (int step = 0; step < 40; ++step) pair.Step();
+        pair.ExpectAllSame();
+        ASSERT_FALSE(testing::Test::HasFailure()) << "seed " << seed;
+    }
+}
+
+TEST(Value, AComputedNumberHasItsText) {
+    EXPECT_EQ(Value::OfNumber(0.1 + 0.2).Text(), u"0.3");
+    EXPECT_EQ(Value::OfInteger(-7).Text(), u"-7");
+    EXPECT_EQ(Value::OfBool(true).Text(), u"1");
+    EXPECT_EQ(Value::OfBool(false).Text(), u"0");
+    EXPECT_EQ(Value::OfNumber(1e15).Text(), u"1E+15");
+}
+
+TEST(Value, TheNumberIsTheOneThatTheTextReadsBackAs) {
+    const Value third = Value::OfNumber(1.0 / 3);
+    EXPECT_EQ(third.Number(), ParseNumber(u"0.333333333333333"));
+    EXPECT_EQ(third.Text(), u"0.333333333333333");
+    EXPECT_EQ(third.Number(), ParseNumber(u"0.333333333333333"));
+}
+
+TEST(Value, NumbersOfTexts) {
+    EXPECT_EQ(Value(u"007").Number(), 7);
+    EXPECT_EQ(Value(u"1,000").Number(), 1000);
+    EXPECT_FALSE(Value(u"1,2").IsNumeric());
+    EXPECT_FALSE(Value(u"").IsNumeric());
+    EXPECT_EQ(Value(u"abc").NumberOrZero(), 0);
+}
+
+TEST(Value, CopiesAreIndependent) {
+    Value table(u"a,b\r\nc,d");
+    Value copy = table;
+    copy.SetRowCell(1, 0, Value(u"x"));
+    EXPECT_EQ(table.Text(), u"a,b\r\nc,d");
+    EXPECT_EQ(copy.Text(), u"a,b\r\nx,d");
+    table.SetRowCell(0, 1, Value(u"y"));
+    EXPECT_EQ(copy.Text(), u"a,b\r\nx,d");
+    EXPECT_EQ(table.Text(), u"a,y\r\nc,d");
+}
+
+TEST(Value, ACopyTakenBetweenStoresKeepsItsText) {
+    Value table(u"a");
+    table.SetCell(3, Value(u"x"));
+    const Value copy = table;
+    table.SetCell(0, Value(u"b"));
+    EXPECT_EQ(copy.Text(), u"a,,,x");
+    EXPECT_EQ(table.Text(), u"b,,,x");
+}
+
+TEST(Value, ACellMayHoldItsOwnTable) {
+    Value table(u"a,b");
+    table.SetCell(1, table.Cell(0));
+    EXPECT_EQ(table.Text(), u"a,a");
+    table.SetRow(2, table);
+    EXPECT_EQ(table.Text(), u"a,a\r\n\r\na,a");
+}
+
+TEST(Value, SharingIsTold) {
+    Value text(u"long enough");
+    Value copy = text;
+    EXPECT_TRUE(copy.SharesRecordWith(text));
+    copy.Append(Value(u"!"));
+    EXPECT_FALSE(copy.SharesRecordWith(text));
+    EXPECT_FALSE(Value::OfNumber(1).SharesRecordWith(Value::OfNumber(1)));
+    EXPECT_EQ(text.Text(), u"long enough");
+}
+
+TEST(Value, AppendToKeepsANumberPlain) {
+    const Value number = Value::OfNumber(2.5);
+    std::u16string out = u"x";
+    number.AppendTo(out);
+    EXPECT_EQ(out, u"x2.5");
+    double plain = 0;
+    EXPECT_TRUE(number.IsPlainNumber(plain));
+    EXPECT_EQ(plain, 2.5);
+}
+
+TEST(Value, AssigningToItselfChangesNothing) {
+    Value value(u"a,b");
+    Value& same = value;
+    value = same;
+    EXPECT_EQ(value.Text(), u"a,b");
+}
+
+}  // namespace
+}  // namespace velm
