@@ -1,24 +1,21 @@
 """Finds the numbered messages that the sources can raise.
 
 The table of messages is complete from the start; the code that raises them grows. A message counts as
-raisable when its number reaches a call of RaiseError or RaiseMessage: as a literal, as a constant of
-the file or of a header, or through a variable of the same file that is set from such a constant. A
-call whose number can't be told that way is a problem to be solved in the source, unless its file only
-passes on what a caller gave.
+raisable when its number reaches a call of RaiseError: as a literal, as a constant of the file or of a
+header, or through a variable of the same file that is set from such a constant. (RaiseMessage brings a
+text of its own.) A call whose number can't be told that way is a problem to be solved in the source,
+unless its file only passes on what a caller gave.
 """
 
 import re
 
-# The calls that raise, and the place of the number among their arguments.
-RAISERS = {"RaiseError": 0, "RaiseMessage": 1}
-
-# The raisers themselves, and the engine's face to a host, which names any number.
+# The raiser itself, and the engine's face to a host, which names any number.
 PASSED_ON = {"core/diagnostics.cpp", "core/diagnostics.h", "core/velm.cpp"}
 
 COMMENT_OR_TEXT = re.compile(r'//[^\n]*|/\*.*?\*/|"(?:\\.|[^"\\\n])*"', re.S)
 CONSTANT = re.compile(r"\bconstexpr\s+[\w:]+\s+(k\w+)\s*=\s*(\d+)\s*;")
-CALL = re.compile(r"\b(" + "|".join(RAISERS) + r")\s*\(")
-CONDITION = re.compile(r"[^?:]*\?")
+CALL = re.compile(r"\bRaiseError\s*\(")
+CONDITION = re.compile(r"(?:[^?:]|::)*\?")
 NAME_OR_NUMBER = re.compile(r"(?<!\w)(?:[A-Za-z_]\w*(?:(?:\.|->|::)\w+)*|\d+)")
 
 
@@ -26,20 +23,17 @@ def without_comments_and_texts(source):
     return COMMENT_OR_TEXT.sub(lambda hit: '""' if hit[0].startswith('"') else " ", source)
 
 
-def arguments_at(source, start):
-    """The arguments of a call, from the place behind its opening bracket."""
-    depth, parts, begin = 1, [], start
+def first_argument(source, start):
+    """The first argument of a call, from the place behind its opening bracket."""
+    depth = 1
     for at in range(start, len(source)):
         if source[at] in "([{":
             depth += 1
         elif source[at] in ")]}":
             depth -= 1
         if depth == 0 or (depth == 1 and source[at] == ","):
-            parts.append(source[begin:at].strip())
-            begin = at + 1
-        if depth == 0:
-            return parts
-    return parts
+            return source[start:at]
+    return ""
 
 
 def numbers_of(expression, source, constants, seen=frozenset()):
@@ -74,13 +68,12 @@ def raised_in(name, source, header_constants):
     constants.update((each, int(number)) for each, number in CONSTANT.findall(source))
     raised, problems = set(), []
     for call in CALL.finditer(source):
-        arguments = arguments_at(source, call.end())
-        numbers = numbers_of(arguments[RAISERS[call[1]]], source, constants)
+        numbers = numbers_of(first_argument(source, call.end()), source, constants)
         if numbers is not None:
             raised |= numbers
         elif name not in PASSED_ON:
             line = source.count("\n", 0, call.start()) + 1
-            problems.append(f"{name}: line {line}: the number of {call[1]} can't be told")
+            problems.append(f"{name}: line {line}: the number of RaiseError can't be told")
     return raised, problems
 
 
@@ -107,10 +100,11 @@ def self_test():
 
     constant = "constexpr int kOne = 1;\nconstexpr std::int32_t kTwo = 2;\nconstexpr int kSize = 5;\n"
     assert raised(constant + "RaiseError(kOne, kIcon, f(a, b), u\"\", -1);") == ({1}, [])
-    assert raised(constant + "RaiseError(a > kSize ? kOne : kTwo, 16);") == ({1, 2}, [])
+    assert raised(constant + "RaiseError(a == A::kSize ? kOne : kTwo, 16);") == ({1, 2}, [])
     assert raised(constant + "const int n = c ? kOne : kTwo;\nRaiseError(n, 16);") == ({1, 2}, [])
     assert raised(constant + "plan.error = kTwo;\nRaiseError(plan.error, 16);") == ({2}, [])
-    assert raised("RaiseError(201, 16); RaiseMessage(text(3, 4), kShared);") == ({7, 201}, [])
+    assert raised("RaiseError(201, 16); RaiseError(kShared, 16);") == ({7, 201}, [])
+    assert raised("RaiseMessage(u\"text\", 35, 16);") == (set(), [])
     assert raised("// RaiseError(3)\nconst char* a = \"RaiseError(4)\";") == (set(), [])
     assert raised("void F(int n) {\nRaiseError(n, 16);\n}")[1] == [
         "a.cpp: line 2: the number of RaiseError can't be told"

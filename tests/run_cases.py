@@ -8,6 +8,7 @@ A case file holds cases one behind the other:
     --- script utf8       the same as UTF-8 with LF
     --- args              the words behind the script, one a line
     --- env NAME=VALUE    one more environment variable
+    --- protection DIGITS the user's protection setting
     --- in                standard input, one answer a line
     --- out               the exact standard output
     --- err               the exact standard error; "--- err any" doesn't look at it
@@ -27,11 +28,13 @@ The runtime prints 表示 and questions on standard output and reports on standa
 
 import argparse
 import concurrent.futures
+import contextlib
 import dataclasses
 import difflib
 import os
 import pathlib
 import shutil
+import sqlite3
 import subprocess
 import sys
 import tempfile
@@ -41,6 +44,7 @@ KINDS = {
     "script": (False, False),
     "args": (False, False),
     "env": (True, True),
+    "protection": (True, False),
     "in": (False, False),
     "out": (False, False),
     "err": (False, False),
@@ -162,9 +166,31 @@ def encode_script(case):
     return to_dos_bytes(section.text() + "\n", f"{case.file}:{case.line}")
 
 
+STORE = """
+CREATE TABLE keys(id INTEGER PRIMARY KEY, parent INTEGER NOT NULL, folded TEXT NOT NULL,
+    name TEXT NOT NULL, UNIQUE(parent, folded));
+CREATE TABLE entries(id INTEGER PRIMARY KEY, owner INTEGER NOT NULL, folded TEXT NOT NULL,
+    name TEXT NOT NULL, type INTEGER NOT NULL, data BLOB NOT NULL, UNIQUE(owner, folded));
+INSERT INTO keys VALUES(1, -1, 'VELMSCRIPT', 'Velmscript'), (2, 1, 'SECURE', 'Secure');
+"""
+
+
+def write_protection(digits, folder):
+    """Writes the store of the user's settings, which no script may give its protection."""
+    store = folder / ".data/velmscript/settings.db"
+    store.parent.mkdir(parents=True)
+    with contextlib.closing(sqlite3.connect(store)) as connection:
+        connection.executescript(STORE)
+        connection.execute("INSERT INTO entries VALUES(1, 2, 'KEY', 'Key', 1, ?)",
+                           (digits.encode(),))
+        connection.commit()
+
+
 def lay_out(case, folder):
-    """Writes the script and the files of a case."""
+    """Writes the script, the files and the settings of a case."""
     (folder / "test.vlm").write_bytes(encode_script(case))
+    if case.first("protection"):
+        write_protection(case.first("protection").argument, folder)
     for section in case.sections:
         if section.kind not in ("file", "hex"):
             continue
@@ -194,9 +220,6 @@ def environment(case, folder, report):
     )
     if report:
         env["VELM_COVERAGE"] = str(report)
-    status = case.first("status")
-    if status and not status.argument.isdecimal():
-        raise BadCase(f"{where}: status needs a number")
     for section in case.every("env"):
         name, _, value = section.argument.partition("=")
         env[name] = value

@@ -20,8 +20,8 @@ def main(size, path):
         rows[i].append(str(sums[key]))
     with open("written.csv", "w", encoding="cp932", newline="") as file:
         file.write("\r\n".join(",".join(map(quoted, row)) for row in rows))
-    for key, total in sums.items():
-        print(f"{key}={total}")
+    print(len(sums))
+    print(sums["食費"])
 
 
 main(size, path)

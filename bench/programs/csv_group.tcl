@@ -28,6 +28,7 @@ proc main {size path} {
     fconfigure $file -encoding cp932 -translation crlf
     puts -nonewline $file [join $lines \n]
     close $file
-    dict for {key sum} $sums {puts $key=$sum}
+    puts [dict size $sums]
+    puts [dict get $sums 食費]
 }
 main $size $path

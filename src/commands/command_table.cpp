@@ -1,6 +1,8 @@
 // The one ordered list of commands. A handler is a function in its topic's file.
 #include "commands/command_table.h"
 
+#include <iterator>
+
 #include "commands/arithmetic_commands.h"
 #include "commands/clear_commands.h"
 #include "commands/data_file_commands.h"
@@ -218,6 +220,7 @@ constexpr CommandRow kCommandRows[] = {
     {u"ていし", 0, u"", nullptr},
     {u"えんそう", 0, u"", nullptr},
 };
+static_assert(std::size(kCommandRows) == 197);
 
 }  // namespace
 

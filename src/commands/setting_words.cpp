@@ -2,6 +2,7 @@
 #include "commands/setting_words.h"
 
 #include <cmath>
+#include <iterator>
 #include <string>
 
 #include "core/diagnostics.h"
@@ -52,6 +53,7 @@ constexpr SettingRow kSettingRows[] = {
     {u"設定ファイル", SetSettingsFile},
     {u"ここだけの変数", SetLocals},
 };
+static_assert(std::size(kSettingRows) == 19);
 
 // Tells the toolkit of a new value, where one is loaded.
 void Apply(const Statement& statement, const Value& value) {

@@ -105,11 +105,6 @@ std::optional<double> NumberOfSide(const Value& value) {
 // Equality after the numbers were normalised: 1.0 and 1 are equal, an empty word is 0 against a number,
 // two words compare as text.
 bool AreEqual(const Value& left, const Value& right) {
-    double leftNumber = 0;
-    double rightNumber = 0;
-    if (left.IsPlainNumber(leftNumber) && right.IsPlainNumber(rightNumber)) {
-        return leftNumber == rightNumber;
-    }
     const std::optional<double> leftSide = NumberOfSide(left);
     const std::optional<double> rightSide = leftSide ? NumberOfSide(right) : std::nullopt;
     return rightSide ? *leftSide == *rightSide : left.SameText(right);
@@ -178,10 +173,24 @@ bool HasKind(const Comparison& plan, const Value& left) {
     }
 }
 
+// The common case, two sides that are numbers without a text, or nothing when it isn't.
+std::optional<bool> ComparePlainNumbers(int code, const Value& left, const Value& right) {
+    double a = 0;
+    double b = 0;
+    if (code > comparison::kLessOrEqual || !left.IsPlainNumber(a) || !right.IsPlainNumber(b)) {
+        return std::nullopt;
+    }
+    if (code <= comparison::kNotEqual) return (a == b) == (code == comparison::kEqual);
+    return CompareNumbers(code, a, b);
+}
+
 bool Compare(const Comparison& plan) {
     const Value left = EvalWord(plan.left);
     if (!plan.inner.empty() || plan.code >= comparison::kExists) return HasKind(plan, left);
     const Value right = EvalWord(plan.right);
+    if (const std::optional<bool> result = ComparePlainNumbers(plan.code, left, right)) {
+        return *result;
+    }
     switch (plan.code) {
         case comparison::kEqual: return AreEqual(left, right);
         case comparison::kNotEqual: return !AreEqual(left, right);

@@ -30,8 +30,6 @@ constexpr std::u16string_view kOverflowText =
     u"有効桁数をオーバーしています。\\n整数のみ指定可能な場合は10桁、小数は15桁まで有効です";
 constexpr std::u16string_view kEmptyVariableText = u"%1は、変数ですが何も保存されていません";
 
-Value EvalPlan(const WordPlan& plan);
-
 // Runs a handler. Only an overflow is heard of; after any other failure the result is what the handler
 // had written.
 Value CallHandler(xxCmdData& function, const Arguments& arguments) {
@@ -112,36 +110,39 @@ Value EvalKnownName(const WordPlan& plan) {
     }
 }
 
-// What most words are, constants and variables, comes first and needs nothing else.
-Value EvalPlan(const WordPlan& plan) {
+// What most words are, a constant or a variable, and can't run anything; nullptr for any other.
+inline const Value* SimpleValue(const WordPlan& plan) {
     switch (plan.kind) {
         case PlanKind::kNumber:
-        case PlanKind::kText: return plan.constant;
-        case PlanKind::kName:
-            if (const Value* variable = FindVariable(plan.symbol)) return *variable;
-            return EvalOtherName(plan);
-        default: return EvalOther(plan);
+        case PlanKind::kText: return &plan.constant;
+        case PlanKind::kName: return FindVariable(plan.symbol);
+        default: return nullptr;
     }
+}
+
+// The word is held: a nested run may drop the statement that owns it.
+[[gnu::noinline]] Value EvalGuarded(const Word held) {
+    const NestingGuard guard(held.Text().size());
+    if (guard.Exhausted()) return Value();
+    const WordPlan& plan = held.Plan();
+    return plan.kind == PlanKind::kName ? EvalOtherName(plan) : EvalOther(plan);
 }
 
 }  // namespace
 
 Value EvalWord(const Word& word) {
     if (word.IsEmpty()) return Value();
-    const Word held = word;  // a nested run may drop the statement that owns the word
-    const NestingGuard guard(held.Text().size());
-    if (guard.Exhausted()) return Value();
-    return EvalPlan(held.Plan());
+    if (const Value* simple = SimpleValue(word.Plan())) return *simple;
+    return EvalGuarded(word);
 }
 
 Value EvalWord(Word& word) {
     if (word.IsEmpty()) return Value();
     const Word held = word;
-    const NestingGuard guard(held.Text().size());
-    if (guard.Exhausted()) return Value();
     const WordPlan& plan = held.Plan();
     if (!plan.rewritten.empty() || plan.kind == PlanKind::kEmpty) word = Word(plan.rewritten);
-    return EvalPlan(plan);
+    if (const Value* simple = SimpleValue(plan)) return *simple;
+    return EvalGuarded(held);
 }
 
 Value EvalJoin(const WordPlan& plan, std::size_t first) {

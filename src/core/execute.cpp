@@ -161,7 +161,7 @@ void ExecStatement(Statement& statement) {
     // Its plans live in the statement, and the statement must live to the end of its run, whatever
     // becomes of its program.
     const StatementPtr held(&statement);
-    const NestingGuard guard;
+    const NestingGuard guard(statement.Source.size());
     if (guard.Exhausted()) return;
     if (hooks.RestartRepeatedMedia != nullptr) hooks.RestartRepeatedMedia();
     Attempt([&] { Dispatch(statement); });

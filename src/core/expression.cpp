@@ -258,8 +258,13 @@ ExpressionStep PlanStep(std::u16string_view token) {
 std::shared_ptr<const Expression> PlanExpression(std::u16string_view text) {
     const std::u16string spaced = SpaceTokens(text);
     auto expression = std::make_shared<Expression>();
-    for (const std::u16string_view token : PostfixOf(SplitAtBlanks(spaced))) {
-        expression->steps.push_back(PlanStep(token));
+    const Tokens postfix = PostfixOf(SplitAtBlanks(spaced));
+    if (postfix.size() == 1 && postfix[0] == text) {
+        // Its own only token, as with a bracket that is never closed: planning it would never end.
+        expression->steps.emplace_back().word = Word(text);
+        expression->steps.back().kind = ExpressionStep::Kind::kWord;
+    } else {
+        for (const std::u16string_view token : postfix) expression->steps.push_back(PlanStep(token));
     }
     MeasureStack(*expression);
     return expression;

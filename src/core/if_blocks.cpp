@@ -137,6 +137,7 @@ class IfWalk {
         while (true) {
             if (!InProgram(line_)) {
                 RaiseError(kNoIfEnd, kIconInformation, u"", u"", -1);
+                if (nesting_.depth > kMostUnclosed) run.StopFlag = true;
                 return;
             }
             if (!Step()) break;
@@ -151,6 +152,18 @@ class IfWalk {
     }
 
   private:
+    // How many walks run within one another. The lines behind a block without its end run once more in
+    // each block around it, twice as often with each one: where there are many, the run ends.
+    struct Nesting {
+        Nesting() { ++depth; }
+        Nesting(const Nesting&) = delete;
+        Nesting& operator=(const Nesting&) = delete;
+        ~Nesting() { --depth; }
+        static inline int depth = 0;
+    };
+    static constexpr int kMostUnclosed = 12;
+
+    Nesting nesting_;
     ProgramPtr program_;
     bool running_;
     std::int32_t line_;

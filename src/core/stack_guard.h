@@ -1,7 +1,7 @@
 // Guards the process's stack: recursion of procedures, words and blocks is bounded by it. Before it
-// runs out the script gets a report, and the run is stopped in order. Words within words are bounded
-// by their length as well: each level keeps a text of its own, so that 100,000 brackets in one another
-// would take all memory long before the stack is used up.
+// runs out the script gets a report, and the run is stopped in order. Words within words and sentences
+// within sentences are bounded by their length as well: each level keeps a text of its own, so that
+// 100,000 brackets in one another would take all memory long before the stack is used up.
 #pragma once
 
 #include <cstddef>
@@ -18,7 +18,7 @@ void InitStackGuard();
 // up; the report has then been made and StopFlag is set.
 class NestingGuard {
   public:
-    // units: the length of the word that is evaluated on this level.
+    // units: the length of the word or sentence that is evaluated on this level.
     explicit NestingGuard(std::size_t units = 0) : units_(units) {
         nestedUnits += units;
         exhausted_ = StackPointer() < limit || nestedUnits > kMostUnits;

@@ -132,10 +132,11 @@ void StoreIndexed(const AssignmentTarget& target, Value value) {
     if (!CheckIndex(index, target.name, true)) return;
     Value* place = FindForChange(target.symbol);
     if (place != nullptr && place->SharesRecordWith(table)) *place = Value();
-    StoreAt(table, index, value);
+    const bool done = Attempt([&] { StoreAt(table, index, value); });
     // Kept: a table that was emptied to nothing stores the plain value.
     if (table.IsEmpty()) table = std::move(value);
-    Store(target, std::move(table));
+    Store(target, std::move(table));  // as it was, when there was no memory for more
+    if (!done) throw Failure(pendingFailure.number);
 }
 
 }  // namespace
@@ -236,8 +237,9 @@ void Grow(const AssignmentTarget& target, const WordPlan& plan) {
     const Value tail = EvalJoin(plan, 1);
     Value* place = FindForChange(target.symbol);
     if (place != nullptr && place->SharesRecordWith(text)) *place = Value();
-    text.Append(tail);
-    Store(target, std::move(text));
+    const bool done = Attempt([&] { text.Append(tail); });
+    Store(target, std::move(text));  // as it was, when there was no memory for more
+    if (!done) throw Failure(pendingFailure.number);
 }
 
 }  // namespace

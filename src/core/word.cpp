@@ -20,12 +20,8 @@ void Word::Destroy(Body* body) noexcept { delete body; }
 
 const std::u16string& Word::Text() const { return body_ == nullptr ? kEmptyText : body_->text; }
 
-const WordPlan& Word::Plan() const {
-#ifdef VELM_NO_CACHES
+const WordPlan& Word::MakePlan() const {
     body_->plan = PlanWord(body_->text);
-#else
-    if (body_->plan == nullptr) body_->plan = PlanWord(body_->text);
-#endif
     return *body_->plan;
 }
 

@@ -43,7 +43,7 @@ class Word {
     operator std::u16string_view() const { return Text(); }
 
     // What the text is, worked out at the first asking. Not for an empty word.
-    const WordPlan& Plan() const;
+    const WordPlan& Plan() const { return body_->plan ? *body_->plan : MakePlan(); }
     // The pieces between the commas outside brackets, trimmed; none for an empty word.
     const std::vector<Word>& Pieces() const;
     // The symbol of the whole text as a name. Not for an empty word.
@@ -59,6 +59,7 @@ class Word {
     };
 
     static void Destroy(Body* body) noexcept;
+    const WordPlan& MakePlan() const;
 
     Body* body_ = nullptr;
 };

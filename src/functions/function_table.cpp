@@ -1,6 +1,8 @@
 // The one ordered list of functions. A handler is a function in its topic's file.
 #include "functions/function_table.h"
 
+#include <iterator>
+
 #include "core/tables.h"
 #include "functions/date_functions.h"
 #include "functions/encoding_functions.h"
@@ -210,6 +212,7 @@ constexpr FunctionRow kFunctionRows[] = {
     {u"アイコンの縦,カメの縦", 0, u"", nullptr},
     {u"アイコンの色,カメの色", 0, u"", FnTurtleColor},
 };
+static_assert(std::size(kFunctionRows) == 176);
 
 }  // namespace
 

@@ -59,8 +59,8 @@ Position ReadPosition(std::u16string_view word) {
 }
 
 void ReportPosition(const Position& position) {
-    const int number = position.kind == PositionKind::kRow ? kNoSuchRow : kNoSuchItem;
-    RaiseError(number, kIconInformation, FormatNumber(position.number), u"", -1);
+    const int message = position.kind == PositionKind::kRow ? kNoSuchRow : kNoSuchItem;
+    RaiseError(message, kIconInformation, FormatNumber(position.number), u"", -1);
 }
 
 // The text in which a position counts: rows are told by line ends alone, so that the commas of a table

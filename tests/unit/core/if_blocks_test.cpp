@@ -10,7 +10,7 @@
 #include "core/prepare.h"
 #include "core/velm.h"
 #include "data/text.h"
-#include "recorded_dialogs.h"
+#include "unit/recorded_dialogs.h"
 
 namespace velm {
 namespace {

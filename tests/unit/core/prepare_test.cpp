@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "core/velm.h"
-#include "recorded_dialogs.h"
+#include "unit/recorded_dialogs.h"
 
 namespace velm {
 namespace {

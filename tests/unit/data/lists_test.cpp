@@ -38,11 +38,6 @@ TEST(Lists, AppendItemAndListOfNames) {
     EXPECT_EQ(ListOfNames({u"1,000", u"x"}), u"1{**}000,x");
 }
 
-TEST(Lists, ColumnOfTable) {
-    EXPECT_EQ(ColumnOfTable(u"a,b\r\nc,d\r\ne", 2), Items({u"b", u"d", u""}));
-    EXPECT_EQ(ColumnOfTable(u"a,b,c", 0), Items({u"a", u"b", u"c"}));
-}
-
 TEST(Lists, DictValuesAreReplacedInPlace) {
     EXPECT_EQ(SetDictValue(u"", u"k", u"v"), u"k=v");
     EXPECT_EQ(SetDictValue(u"k=v", u"j", u"w"), u"k=v\r\nj=w");
