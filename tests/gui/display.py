@@ -14,7 +14,7 @@ import time
 import unittest
 
 PROGRAMS = ("Xvfb", "openbox", "xdotool", "import", "convert", "xprop")
-PATIENCE = 20  # seconds that anything may take on a busy machine
+PATIENCE = 60  # seconds that anything may take on a busy machine
 SIZE = (1280, 1024)
 
 
