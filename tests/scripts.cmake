@@ -31,6 +31,8 @@ velm_script_test(file_limits tests/file_limits.py $<TARGET_FILE:velmconsole>)
 # Where the machine can't make a file system say no, the test says so and doesn't count.
 set_tests_properties(file_limits PROPERTIES SKIP_RETURN_CODE 77)
 velm_script_test(settings tests/check_settings.py --kills 2 $<TARGET_FILE:velmconsole>)
+velm_script_test(robustness tests/robustness.py $<TARGET_FILE:velmconsole>)
+velm_script_test(saves tests/check_saves.py --kills 8 $<TARGET_FILE:velmconsole>)
 velm_script_test(layers tests/check_layers.py)
 velm_script_test(style tests/check_style.py)
 velm_script_test(documents tests/check_documents.py --runtime $<TARGET_FILE:velmconsole>)

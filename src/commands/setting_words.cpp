@@ -1,7 +1,6 @@
 // The table of settings words and their setters.
 #include "commands/setting_words.h"
 
-#include <cmath>
 #include <iterator>
 #include <string>
 
@@ -110,16 +109,9 @@ void SetCanvas(Statement& statement, Context& /*context*/) {
     Apply(statement, Value(settings.canvas));
 }
 
-// Kept: only a negative heading is brought back into the circle, and loses its fraction; one of 360 or
-// more stays.
 void SetHeading(Statement& statement, Context& /*context*/) {
-    auto heading = static_cast<float>(90 - EvalNumber(statement.WoArg));
-    if (heading < 0) {
-        const auto whole = static_cast<std::int32_t>(std::trunc(std::fmod(heading, 360.0F)));
-        heading = static_cast<float>(std::abs(whole + 360));
-    }
-    settings.TurtleDirection = heading;
-    Apply(statement, Value::OfNumber(heading));
+    settings.TurtleDirection = TurtleDirectionOf(90 - EvalNumber(statement.WoArg));
+    Apply(statement, Value::OfNumber(settings.TurtleDirection));
 }
 
 void SetLineWidth(Statement& statement, Context& /*context*/) {

@@ -2,6 +2,7 @@
 #include "core/arguments.h"
 
 #include <cmath>
+#include <limits>
 #include <optional>
 
 #include "core/eval.h"
@@ -41,10 +42,7 @@ void Arguments::Read(std::size_t index, std::int32_t& target) const {
 }
 
 void Arguments::Read(std::size_t index, float& target) const {
-    if (!Has(index)) return;
-    const auto single = static_cast<float>(ToDouble(EvalWord(words_[index])));
-    if (!std::isfinite(single)) throw Failure(failure::kOverflow);
-    target = single;
+    if (Has(index)) target = ToFloat(ToDouble(EvalWord(words_[index])));
 }
 
 void Arguments::Read(std::size_t index, double& target) const {
@@ -55,6 +53,12 @@ double ToDouble(const Value& value) {
     const std::optional<double> number = value.Number();
     if (!number) throw Failure(failure::kTypeMismatch);
     return *number;
+}
+
+float ToFloat(double number) {
+    constexpr auto kLargest = static_cast<double>(std::numeric_limits<float>::max());
+    if (!(std::abs(number) <= kLargest)) throw Failure(failure::kOverflow);
+    return static_cast<float>(number);
 }
 
 }  // namespace velm

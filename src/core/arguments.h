@@ -59,5 +59,7 @@ class Arguments {
 // The plain conversion to a number, as assigning to a typed variable does it. Throws Failure(13) for a
 // text that is no number.
 double ToDouble(const Value& value);
+// The same to a single. Throws Failure(6) for a number beyond it.
+float ToFloat(double number);
 
 }  // namespace velm

@@ -104,6 +104,12 @@ class Branch {
         finished_ = true;
     }
 
+    // The walk over the procedure's lines must come to its 終わり, and so goes on in front of it.
+    void FailAtProcedureEnd() {
+        FailWithoutEnd();
+        --run.CurLine;
+    }
+
     // Seeks the case that matches. Kept: 他の場合 stops the search at any nesting.
     void Search() {
         bool found = false;
@@ -116,7 +122,7 @@ class Branch {
             run.CurLine = line_++;
             switch (statement.mark) {
                 case LineMark::kCaseEnd: finished_ = nest_-- == 0; break;
-                case LineMark::kEnd: FailWithoutEnd(); break;
+                case LineMark::kEnd: FailAtProcedureEnd(); break;
                 case LineMark::kDefault: found = true; break;
                 case LineMark::kCaseHead: ++nest_; break;
                 case LineMark::kCase: found = nest_ == 0 && TakeCase(statement); break;
@@ -150,7 +156,9 @@ class Branch {
         const bool last = static_cast<std::size_t>(line_) + 1 == program_->Statements.size();
         if (statement.mark == LineMark::kCaseEnd) {
             finished_ = nest_-- == 0;
-        } else if (statement.mark == LineMark::kEnd || last) {
+        } else if (statement.mark == LineMark::kEnd) {
+            FailAtProcedureEnd();
+        } else if (last) {
             FailWithoutEnd();
         } else if (statement.mark == LineMark::kCaseHead && ended_) {
             ++nest_;

@@ -44,7 +44,7 @@ bool OfferToHost(Statement& statement) {
 
 bool TakenByObject(Statement& statement) {
     if (hooks.TakeObjectSentence != nullptr && hooks.TakeObjectSentence(statement)) return true;
-    return process.RunMode == RunModes::kEditor && OfferToHost(statement);
+    return TheEngine().events.HostCommand && OfferToHost(statement);
 }
 
 // The first keyword, in table order, that the verb contains.

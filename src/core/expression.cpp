@@ -264,7 +264,8 @@ std::shared_ptr<const Expression> PlanExpression(std::u16string_view text) {
         expression->steps.emplace_back().word = Word(text);
         expression->steps.back().kind = ExpressionStep::Kind::kWord;
     } else {
-        for (const std::u16string_view token : postfix) expression->steps.push_back(PlanStep(token));
+        for (const std::u16string_view token : postfix)
+            expression->steps.push_back(PlanStep(token));
     }
     MeasureStack(*expression);
     return expression;
@@ -279,8 +280,8 @@ double Evaluate(const Expression& expression) {
         large.resize(expression.depth + 1);
         stack = large.data();
     }
-    const double result = expression.sound ? EvaluateSound(expression, stack)
-                                           : EvaluateUnsound(expression, stack);
+    const double result =
+        expression.sound ? EvaluateSound(expression, stack) : EvaluateUnsound(expression, stack);
     return RoundPlaces15(result);
 }
 

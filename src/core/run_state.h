@@ -66,7 +66,7 @@ struct ProcessState {
     RunModes RunMode = RunModes::kScript;
     bool AdvancedErrors = false;
     std::atomic<bool> Interrupted = false;  // by a signal: no run goes on or begins any more
-    bool HostRuns = false;  // 起動中 answers 1; set through GetSetInfo
+    bool HostRuns = false;                  // 起動中 answers 1; set through GetSetInfo
     std::u16string CommandLine;
     std::u16string ProgramPath;
     std::vector<bool> StopLines = std::vector<bool>(1);

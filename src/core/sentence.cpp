@@ -130,7 +130,9 @@ void ParseCommand(Statement& statement, std::u16string_view line) {
         const std::vector<std::u16string_view> pieces = Split(statement.Marked, {&kMarker, 1});
         std::u16string verb(pieces.front());
         verb += u'へ';
-        statement.WoArg = Trim(pieces.back());
+        std::u16string_view word = Trim(pieces.back());
+        if (word.starts_with(kIdeographicBlank)) word = Trim(word.substr(1));
+        statement.WoArg = word;
         statement.Verb = Word(verb);
     }
     statement.Verb = Trim(std::u16string(statement.Verb.Text()));

@@ -29,6 +29,10 @@ struct SettingsState {
 
 extern SettingsState settings;
 
+// The turtle's direction after a change. Kept: only a negative one is brought back into the circle, and
+// loses its fraction; one of 360 or more stays. Throws Failure(6) for one that is beyond a single.
+float TurtleDirectionOf(double degrees);
+
 // The values that every run starts with.
 void ResetSettings();
 

@@ -34,10 +34,6 @@ chrono::sys_days ChronoDay(std::int64_t day) {
     return kDayZero + chrono::days(static_cast<chrono::days::rep>(day));
 }
 
-std::int64_t FloorOf(std::int64_t number, std::int64_t divisor) {
-    return number / divisor - (number % divisor < 0 ? 1 : 0);
-}
-
 void AddPadded(std::u16string& text, std::int64_t number, int digits) {
     for (std::int64_t unit = digits == 4 ? 1000 : 10; unit > 0; unit /= 10) {
         text.push_back(static_cast<char16_t>(u'0' + number / unit % 10));
@@ -45,6 +41,10 @@ void AddPadded(std::u16string& text, std::int64_t number, int digits) {
 }
 
 }  // namespace
+
+std::int64_t FloorQuotient(std::int64_t number, std::int64_t divisor) {
+    return number / divisor - (number % divisor < 0 ? 1 : 0);
+}
 
 bool IsLeapYear(std::int32_t year) { return chrono::year(year).is_leap(); }
 
@@ -80,7 +80,7 @@ std::u16string_view WeekdayName(int weekday) {
 
 std::optional<std::int64_t> DayWithCarry(std::int64_t year, std::int64_t month, std::int64_t day) {
     const std::int64_t months = year * kMonthsInYear + month - 1;
-    const std::int64_t carried = FloorOf(months, kMonthsInYear);
+    const std::int64_t carried = FloorQuotient(months, kMonthsInYear);
     if (std::abs(carried) >= static_cast<int>(chrono::year::max()) || std::abs(day) > kFarAway) {
         return std::nullopt;
     }
@@ -97,7 +97,7 @@ std::int32_t FullYear(std::int32_t year) {
 }
 
 std::optional<double> DateOf(Moment moment) {
-    const std::int64_t carry = FloorOf(moment.second, kSecondsInDay);
+    const std::int64_t carry = FloorQuotient(moment.second, kSecondsInDay);
     const std::int64_t second = moment.second - carry * kSecondsInDay;
     const auto day = static_cast<double>(moment.day + carry);
     if (!IsDate(day)) return std::nullopt;

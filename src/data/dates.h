@@ -27,6 +27,8 @@ struct Moment {
     std::int64_t second = 0;  // of the day; where a moment is built it may also carry over
 };
 
+/// The quotient rounded down, also below 0: how many whole units lie before a count of seconds or days.
+std::int64_t FloorQuotient(std::int64_t number, std::int64_t divisor);
 bool IsLeapYear(std::int32_t year);
 /// 28 to 31; month is 1 to 12.
 int DaysInMonth(std::int32_t year, int month);

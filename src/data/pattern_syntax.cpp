@@ -433,6 +433,8 @@ void AppendReplacement(std::u16string& out, std::u16string_view replacement,
                        std::u16string_view text, const RegexMatch& match) {
     std::size_t at = 0;
     while (at < replacement.size()) {
+        // A few $& make a text of gigabytes out of one of megabytes.
+        CheckMadeLength(out.size());
         const std::size_t dollar = replacement.find(u'$', at);
         out.append(replacement.substr(at, dollar - at));
         if (dollar == kNotFound) return;

@@ -29,7 +29,7 @@ std::u16string RewritePattern(std::u16string_view pattern);
 
 // Adds a replacement text to out: $$ is a dollar sign, $& the match, $` and $' what stands before and
 // behind it, $1 to $99 a group. Anything else behind a dollar sign stays as it is, and so does a number
-// that the pattern has no group for.
+// that the pattern has no group for. Throws Failure(7) when the text would grow beyond all use.
 void AppendReplacement(std::u16string& out, std::u16string_view replacement,
                        std::u16string_view text, const RegexMatch& match);
 

@@ -1,6 +1,7 @@
 // Small operations on UTF-16 text.
 #include "data/text.h"
 
+#include "data/failure.h"
 #include "data/width.h"
 
 namespace velm {
@@ -77,6 +78,11 @@ std::size_t NthToken(std::u16string_view text, std::u16string_view needle, std::
         if (count == n) return hit + 1;
         from = hit + needle.size();
     }
+}
+
+void CheckMadeLength(std::uint64_t units) {
+    constexpr std::uint64_t kLongestMadeText = 100'000'000;
+    if (units > kLongestMadeText) throw Failure(failure::kOutOfMemory);
 }
 
 std::u16string_view BeforeNul(std::u16string_view text) { return text.substr(0, text.find(u'\0')); }

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -39,6 +40,11 @@ std::size_t CountOf(std::u16string_view text, std::u16string_view needle);
 
 // 1-based position of the n-th occurrence of needle; 0 when there are fewer, or n is below 1.
 std::size_t NthToken(std::u16string_view text, std::u16string_view needle, std::size_t n);
+
+// Throws Failure(7) when a text of so many units would be made out of shorter ones. The system grants
+// far more memory than the machine has and ends the process when it is touched; a slip of the pen such
+// as 繰り返せ（1000000000、「abc」） must be a failure of the function instead.
+void CheckMadeLength(std::uint64_t units);
 
 // The text before its first NUL.
 std::u16string_view BeforeNul(std::u16string_view text);

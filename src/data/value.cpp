@@ -1,6 +1,7 @@
 // Values: text with hidden caches of number, cells, rows and entries.
 #include "data/value.h"
 
+#include "data/failure.h"
 #include "data/lists.h"
 #include "data/numbers.h"
 #include "data/text.h"
@@ -17,6 +18,10 @@ constexpr bool kCaches = true;
 #endif
 
 const std::u16string kEmptyText;
+
+// Texts longer than this grow no more: one that doubles in a loop would take the whole machine's
+// memory before a request for more is refused.
+constexpr std::size_t kLongestGrowing = std::size_t{1} << 29;
 
 ValueForms& FormsOf(ValueRecord& record) {
     if (!record.forms) record.forms = std::make_unique<ValueForms>();
@@ -160,6 +165,7 @@ void Value::Append(const Value& tail) {
     const Value held = tail;  // the tail may be this value itself
     ValueRecord& record = OwnRecord();
     UpdateText(record);
+    if (record.text.size() > kLongestGrowing) throw Failure(failure::kOutOfMemory);
     held.AppendTo(record.text);
     Changed(TruthForm::kText);
 }

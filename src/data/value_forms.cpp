@@ -146,7 +146,9 @@ void StoreEntry(EntriesForm& form, std::u16string_view key, const Value& value) 
     const auto place = form.places.find(key);
     if (place != form.places.end()) {
         EntriesForm::Line& line = form.lines[place->second];
-        if (place->second + 1 == form.lines.size()) {
+        // With one other line it may be that nothing is left before this one.
+        const bool mayStay = form.lines.size() - form.goneCount != 2;
+        if (mayStay && place->second + 1 == form.lines.size()) {
             line.value = std::move(stored);
             return;
         }

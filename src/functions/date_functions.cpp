@@ -67,10 +67,6 @@ Interval IntervalOrFailure(std::optional<Interval> interval) {
     return *interval;
 }
 
-std::int64_t FloorOf(std::int64_t number, std::int64_t divisor) {
-    return number / divisor - (number % divisor < 0 ? 1 : 0);
-}
-
 template <class Result>
 Result OrFailure(const std::optional<Result>& found, int failureNumber) {
     if (!found) throw Failure(failureNumber);
@@ -134,9 +130,9 @@ std::int64_t CountBefore(const Moment& moment, Interval interval) {
         case Interval::kDay:
         case Interval::kWeekOfDays: return moment.day;
         // Day 1 is a Sunday.
-        case Interval::kWeek: return FloorOf(moment.day - 1, kDaysInWeek);
-        case Interval::kHour: return FloorOf(SecondsOf(moment), kSecondsInHour);
-        case Interval::kMinute: return FloorOf(SecondsOf(moment), kSecondsInMinute);
+        case Interval::kWeek: return FloorQuotient(moment.day - 1, kDaysInWeek);
+        case Interval::kHour: return FloorQuotient(SecondsOf(moment), kSecondsInHour);
+        case Interval::kMinute: return FloorQuotient(SecondsOf(moment), kSecondsInMinute);
         case Interval::kSecond: return SecondsOf(moment);
     }
     return 0;

@@ -21,6 +21,7 @@
 #include "functions/text_functions.h"
 #include "functions/text_search_functions.h"
 #include "functions/turtle_functions.h"
+#include "graphics/drawing_functions.h"
 
 namespace velm {
 
@@ -206,10 +207,10 @@ constexpr FunctionRow kFunctionRows[] = {
     {u"質問", 2, u"を,で,として", FnAsk},
     {u"入力", 1, u"を,で,として", FnAskText},
     // turtle
-    {u"色", 0, u"", nullptr},
-    {u"場所", 0, u"", nullptr},
-    {u"アイコンの横,カメの横", 0, u"", nullptr},
-    {u"アイコンの縦,カメの縦", 0, u"", nullptr},
+    {u"色", 0, u"", FnPixelColor},
+    {u"場所", 0, u"", FnSurfaceName},
+    {u"アイコンの横,カメの横", 0, u"", FnTurtleX},
+    {u"アイコンの縦,カメの縦", 0, u"", FnTurtleY},
     {u"アイコンの色,カメの色", 0, u"", FnTurtleColor},
 };
 static_assert(std::size(kFunctionRows) == 176);

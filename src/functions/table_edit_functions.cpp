@@ -14,6 +14,7 @@
 #include "core/diagnostics.h"
 #include "core/eval.h"
 #include "core/run_state.h"
+#include "core/sentence.h"
 #include "data/brackets.h"
 #include "data/failure.h"
 #include "data/lists.h"
@@ -32,9 +33,6 @@ constexpr int kNoSuchItem = 10;
 constexpr std::u16string_view kColumnSuffix = u"列目";
 constexpr std::u16string_view kRowSuffix = u"行目";
 constexpr std::u16string_view kComma = u",";
-
-// Wider than any table that a script fills; a slip of the pen must not take the machine's memory.
-constexpr std::int32_t kWidestRow = 1'000'000;
 
 enum class PositionKind { kItem, kRow, kColumn };
 
@@ -88,30 +86,32 @@ std::u16string InsertPiece(const std::u16string& text, const Position& position,
     return JoinViews(pieces, position.Separator());
 }
 
-// A row with the item put into the column. A row that doesn't reach the column is padded up to it, also
-// where it gets no item.
-std::u16string WidenRow(std::u16string_view row, std::size_t column,
-                        const std::u16string_view* item) {
-    std::vector<std::u16string_view> cells = SplitParts(row, kComma);
-    if (column >= cells.size()) {
-        cells.resize(column + 1);
-        if (item != nullptr) cells[column] = *item;
+// Adds a row with the item put into the column. A row that doesn't reach the column is padded up to it,
+// also where it gets no item.
+void AppendWidenedRow(std::u16string& out, std::u16string_view row, std::size_t column,
+                      const std::u16string_view* item) {
+    const std::size_t commas = CountOf(row, kComma);
+    if (row.empty() || column > commas) {
+        out.append(row).append(column - commas, u',');
+        if (item != nullptr) out.append(*item);
     } else if (item != nullptr) {
-        cells.insert(cells.begin() + static_cast<std::ptrdiff_t>(column), *item);
+        const std::size_t place = NthToken(row, kComma, column);  // the comma in front, 0 for none
+        out.append(row.substr(0, place)).append(*item).append(kComma).append(row.substr(place));
+    } else {
+        out.append(row);
     }
-    return JoinViews(cells, kComma);
 }
 
 std::u16string InsertColumn(const std::u16string& text, const Position& position,
                             std::u16string_view list) {
-    if (position.number > kWidestRow) throw Failure(failure::kOutOfMemory);
     std::vector<std::u16string_view> rows = SplitParts(text, kCrLf);
     const std::vector<std::u16string_view> items = SplitParts(list, kComma);
     if (rows.size() < items.size()) rows.resize(items.size());
+    CheckMadeLength(text.size() + list.size() + std::uint64_t{rows.size()} * position.Index());
     std::u16string out;
     for (std::size_t i = 0; i < rows.size(); ++i) {
         if (i != 0) out.append(kCrLf);
-        out.append(WidenRow(rows[i], position.Index(), i < items.size() ? &items[i] : nullptr));
+        AppendWidenedRow(out, rows[i], position.Index(), i < items.size() ? &items[i] : nullptr);
     }
     return out;
 }
@@ -195,7 +195,7 @@ Value MapRow(const std::u16string& text, const Position& position, const Word& e
 }
 
 Value MapList(const std::u16string& text, std::u16string_view expressionText) {
-    const Word expression(StripPair(expressionText, u"「", u"」"));
+    const Word expression = CachedWord(StripPair(expressionText, u"「", u"」"));
     const TableColumn items(text, 0);
     std::u16string out;
     ForEachItem(items.Count(), [&](std::size_t i) {

@@ -140,6 +140,7 @@ void FnJoin(Value& result, Arguments& arguments) {
     std::u16string joiner;
     arguments.Split(list, joiner);
     const TableColumn items(list.Text(), 0);
+    CheckMadeLength(list.Text().size() + std::uint64_t{items.Count()} * joiner.size());
     std::u16string text;
     for (std::size_t i = 0; i < items.Count(); ++i) {
         if (i != 0) text.append(joiner);

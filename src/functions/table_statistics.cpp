@@ -36,7 +36,7 @@ float SingleMean(const TableColumn& items, float share) {
         Attempt([&] {
             const double sum =
                 static_cast<double>(mean) + static_cast<double>(share) * TextToNumber(item);
-            mean = static_cast<float>(sum);
+            mean = ToFloat(sum);
         });
     }
     return mean;

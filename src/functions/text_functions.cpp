@@ -25,15 +25,6 @@ constexpr int kNumberOutOfRange = 31;
 // A field of a text past this number doesn't exist.
 constexpr std::int32_t kLastField = 255;
 
-// The longest text that a function makes out of shorter ones. The system grants far more memory
-// than the machine has and ends the process when it is touched; a slip of the pen such as
-// 繰り返せ（1000000000、「abc」） must be a failure of the function instead.
-constexpr std::uint64_t kLongestText = 100'000'000;
-
-void CheckLength(std::uint64_t units) {
-    if (units > kLongestText) throw Failure(failure::kOutOfMemory);
-}
-
 // A count of characters; one below 0 is a bad call.
 std::size_t ToCount(std::int32_t number) {
     if (number < 0) throw Failure(failure::kBadCall);
@@ -117,7 +108,7 @@ char16_t CharacterOf(std::int32_t code) {
 }
 
 std::u16string Repeated(std::u16string_view text, std::size_t times) {
-    CheckLength(std::uint64_t{times} * text.size());
+    CheckMadeLength(std::uint64_t{times} * text.size());
     if (text.size() == 1) return std::u16string(times, text.front());
     std::u16string out;
     if (text.empty()) return out;
@@ -126,14 +117,13 @@ std::u16string Repeated(std::u16string_view text, std::size_t times) {
     return out;
 }
 
-// A replacement can make a text of millions of units out of thousands; where that may be, the
-// length is worked out before.
+// A replacement that is longer than what it replaces can make a text of millions of units out of
+// thousands.
 void CheckReplacement(std::u16string_view text, std::u16string_view find,
                       std::u16string_view replacement) {
     if (replacement.size() <= find.size()) return;
-    if (std::uint64_t{text.size() / find.size()} * replacement.size() <= kLongestText) return;
     const std::uint64_t grown = replacement.size() - find.size();
-    CheckLength(text.size() + CountOf(text, find) * grown);
+    CheckMadeLength(text.size() + CountOf(text, find) * grown);
 }
 
 }  // namespace

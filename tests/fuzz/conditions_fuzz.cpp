@@ -35,9 +35,8 @@ void CheckConditions(std::u16string_view text, int code) {
     Require(anyHolds || !allHold);
     Require(all.conditions.size() > 1 || allHold == anyHolds);
     Require(velm::EvalConditionList(all) == allHold || IsLimited());
-    const bool each = std::all_of(all.conditions.begin(), all.conditions.end(), [](const auto& one) {
-        return velm::EvalComparison(one);
-    });
+    const bool each = std::all_of(all.conditions.begin(), all.conditions.end(),
+                                  [](const auto& one) { return velm::EvalComparison(one); });
     Require(each == allHold || IsLimited());
     const bool planned = velm::EvalComparison(velm::PlanComparison(code, text));
     Require(velm::EvalCondition(code, text) == planned || IsLimited());
@@ -57,8 +56,7 @@ void CheckBlocks(std::u16string_view text) {
     for (std::size_t i = 0; i < program.Depth.size(); ++i) {
         Require(program.Depth[i] >= 0 && static_cast<std::size_t>(program.Depth[i]) <= i + 1);
     }
-    const bool anyEnd =
-        std::any_of(program.Statements.begin(), program.Statements.end(), IsEnd);
+    const bool anyEnd = std::any_of(program.Statements.begin(), program.Statements.end(), IsEnd);
     Require(anyEnd || program.Depth.empty() || program.Depth.front() == 0);
 }
 

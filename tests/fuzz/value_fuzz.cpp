@@ -23,12 +23,12 @@ constexpr std::size_t kMostSteps = 200;
 constexpr std::size_t kLongest = 20000;
 
 constexpr std::u16string_view kTexts[] = {
-    u"", u"1", u"01", u"1.5", u"-0", u"１２", u"1E+20", u"あ", u"a b", u"{**}", u"{/n}", u"{", u" 7 ",
-    u"1,000", u"(5)", u"=",
+    u"",    u"1",    u"01",   u"1.5", u"-0",  u"１２",  u"1E+20", u"あ",
+    u"a b", u"{**}", u"{/n}", u"{",   u" 7 ", u"1,000", u"(5)",   u"=",
 };
 constexpr std::u16string_view kWholes[] = {
-    u"1,2,3", u"、，,", u"a=1\r\nb=2", u"a=1\r\na=2", u"1,2\r\n3,4\r\n", u"\r\n", u"x", u"=1\r\nb",
-    u"12", u"a=b=c", u"\r\n=\r\n", u"A=1\r\nＡ=2\r\na=3",
+    u"1,2,3", u"、，,",   u"a=1\r\nb=2", u"a=1\r\na=2", u"1,2\r\n3,4\r\n", u"\r\n",
+    u"x",     u"=1\r\nb", u"12",         u"a=b=c",      u"\r\n=\r\n",      u"A=1\r\nＡ=2\r\na=3",
 };
 constexpr std::u16string_view kKeys[] = {u"a", u"A", u"Ａ", u"b", u"", u"a=b", u"あ", u"1"};
 
@@ -37,9 +37,7 @@ class Input {
   public:
     Input(const std::uint8_t* data, std::size_t size) : data_(data), size_(size) {}
     bool HasMore() const { return at_ < size_; }
-    std::size_t Below(std::size_t limit) {
-        return at_ < size_ ? data_[at_++] % limit : 0;
-    }
+    std::size_t Below(std::size_t limit) { return at_ < size_ ? data_[at_++] % limit : 0; }
     template <std::size_t n>
     std::u16string_view One(const std::u16string_view (&texts)[n]) {
         return texts[Below(n)];
@@ -92,9 +90,7 @@ void Read(const Pair& pair, Input& input) {
     switch (input.Below(7)) {
         case 0: Require(pair.value.Cell(column).Text() == At(CellsOf(pair.text), column)); break;
         case 1: Require(pair.value.Row(row).Text() == line); break;
-        case 2:
-            Require(pair.value.RowCell(row, column).Text() == At(CellsOf(line), column));
-            break;
+        case 2: Require(pair.value.RowCell(row, column).Text() == At(CellsOf(line), column)); break;
         case 3: {
             const std::u16string_view key = input.One(kKeys);
             Require(pair.value.Entry(key).Text() == velm::GetKey(pair.text, key));

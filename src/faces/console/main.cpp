@@ -77,6 +77,7 @@ int RunScript(const std::string& name) {
         }
     });
     if (!read) return FailToRead(name, pendingFailure.description);
+    process.ProgramPath = path;
     TheEngine().Run(source, path, false);
     if (process.Interrupted) return kStatusInterrupted;
     return outputFailed ? kStatusOutputFailed : 0;

@@ -4,6 +4,7 @@
 #include <time.h>
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace velm {
 
@@ -23,13 +24,22 @@ LocalTime LocalTimeOfParts(const tm& parts) {
     return local;
 }
 
+// Looks at the zone again: a program that runs for days may outlive its zone's rules. Once a second is
+// enough for the machine's zone, a file that each look would ask the system for.
+void LookAtZone(time_t now) {
+    static time_t lookedAt = -1;
+    const bool ofMachine = std::getenv("TZ") == nullptr;
+    if (ofMachine && lookedAt == now) return;
+    tzset();
+    lookedAt = ofMachine ? now : -1;
+}
+
 class SystemClock final : public Clock {
   public:
     LocalTime Now() override {
         timespec now = {};
         clock_gettime(CLOCK_REALTIME, &now);
-        // Looks at the zone again: a program that runs for days may outlive its zone's rules.
-        tzset();
+        LookAtZone(now.tv_sec);
         tm parts = {};
         localtime_r(&now.tv_sec, &parts);
         LocalTime local = LocalTimeOfParts(parts);

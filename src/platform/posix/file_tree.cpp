@@ -26,16 +26,22 @@ namespace {
 using native::Deed;
 using native::Fail;
 
-std::vector<std::string> EntriesOf(const std::string& folder) {
+using FolderStream = std::unique_ptr<DIR, int (*)(DIR*)>;
+
+std::vector<std::string> NamesIn(DIR* stream) {
     std::vector<std::string> names;
-    const std::unique_ptr<DIR, int (*)(DIR*)> stream(opendir(folder.c_str()), closedir);
-    if (!stream) Fail(errno, folder, Deed::kRead);
-    while (const dirent* entry = readdir(stream.get())) {
+    while (const dirent* entry = readdir(stream)) {
         const std::string_view name = entry->d_name;
         if (name != "." && name != "..") names.emplace_back(name);
     }
     std::sort(names.begin(), names.end());
     return names;
+}
+
+std::vector<std::string> EntriesOf(const std::string& folder) {
+    const FolderStream stream(opendir(folder.c_str()), closedir);
+    if (!stream) Fail(errno, folder, Deed::kRead);
+    return NamesIn(stream.get());
 }
 
 bool IsSame(const struct stat& left, const struct stat& right) {
@@ -178,16 +184,26 @@ Ends CheckedEnds(std::u16string_view from, std::u16string_view to) {
     return ends;
 }
 
+// Removes an entry of an open folder. Each folder is reached from the one above, not by its path: a link
+// that somebody puts in its place meanwhile is not entered, and the path may be of any length.
+void RemoveIn(int folder, const std::string& entry) {
+    struct stat info;
+    const char* name = entry.c_str();
+    if (fstatat(folder, name, &info, AT_SYMLINK_NOFOLLOW) != 0) Fail(errno, entry, Deed::kRead);
+    const bool isFolder = S_ISDIR(info.st_mode);
+    if (isFolder) {
+        const int opened = openat(folder, name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+        if (opened < 0) Fail(errno, entry, Deed::kRead);
+        const FolderStream stream(fdopendir(opened), closedir);
+        if (!stream) throw Failure(failure::kOutOfMemory);
+        for (const std::string& inner : NamesIn(stream.get())) RemoveIn(opened, inner);
+    }
+    if (unlinkat(folder, name, isFolder ? AT_REMOVEDIR : 0) != 0) Fail(errno, entry, Deed::kWrite);
+}
+
 }  // namespace
 
-void native::RemoveEntry(const std::string& path) {
-    if (S_ISDIR(LinkStat(path).st_mode)) {
-        for (const std::string& name : EntriesOf(path)) RemoveEntry(Join(path, name));
-        if (rmdir(path.c_str()) != 0) Fail(errno, path, Deed::kWrite);
-    } else if (unlink(path.c_str()) != 0) {
-        Fail(errno, path, Deed::kWrite);
-    }
-}
+void native::RemoveEntry(const std::string& path) { RemoveIn(AT_FDCWD, path); }
 
 void native::CopyAndRemove(const std::string& from, const std::string& to) {
     try {

@@ -119,9 +119,13 @@ std::string_view FeatureAt(std::string_view features, int index) {
     return features.substr(0, features.find(','));
 }
 
+bool HasReading(std::u16string_view text) {
+    return std::any_of(text.begin(), text.end(), IsReadable);
+}
+
 std::u16string ReadingOf(const mecab_node_t& node) {
     const std::u16string surface = Utf8ToUtf16({node.surface, node.length});
-    if (std::none_of(surface.begin(), surface.end(), IsReadable)) return surface;
+    if (!HasReading(surface)) return surface;
     const std::string_view reading = FeatureAt(node.feature, kReadingFeature);
     return ToHiragana(reading.empty() ? surface : Utf8ToUtf16(reading));
 }
@@ -160,14 +164,15 @@ std::u16string KanaReading(std::u16string_view text) {
     mecab_t* analyser = TheAnalyser(library);
     std::u16string out;
     while (!text.empty()) {
-        const std::size_t length = PieceLength(text);
-        if (length == 0) {
-            out += text.front();
-            text.remove_prefix(1);
+        const std::size_t length = std::max<std::size_t>(PieceLength(text), 1);
+        const std::u16string_view piece = text.substr(0, length);
+        // The library takes its time, and most of it over long rows of letters.
+        if (HasReading(piece)) {
+            AppendPiece(library, analyser, piece, out);
         } else {
-            AppendPiece(library, analyser, text.substr(0, length), out);
-            text.remove_prefix(length);
+            out.append(piece);
         }
+        text.remove_prefix(length);
     }
     return out;
 }

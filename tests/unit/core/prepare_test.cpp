@@ -36,8 +36,7 @@ TEST_F(PrepareTest, CommentsAreCutOutsideBrackets) {
     EXPECT_EQ(Normalised({u"a’b", u"a 'b", u"「a'b」c'd", u"（'）", u"('x"}),
               Lines({u"a", u"a", u"「a'b」c", u"（'）", u"("}));
     ASSERT_EQ(dialogs_.reported.size(), 1U);
-    EXPECT_EQ(dialogs_.reported[0].text,
-              u"）が1ヶ所不足しています\r\n［5行目 エラー番号0］");
+    EXPECT_EQ(dialogs_.reported[0].text, u"）が1ヶ所不足しています\r\n［5行目 エラー番号0］");
     EXPECT_EQ(dialogs_.reported[0].style, 64 + 1);
 }
 
@@ -54,14 +53,12 @@ TEST_F(PrepareTest, AnUnfinishedContinuationIsLost) {
 TEST_F(PrepareTest, TheCheckStopsTheNormalisation) {
     EXPECT_EQ(Normalised({u" a ", u"（(b ", u" c 'd"}), Lines({u"a", u"（(b ", u" c 'd"}));
     EXPECT_EQ(dialogs_.reported.size(), 1U);
-    EXPECT_EQ(dialogs_.reported[0].text,
-              u"）が2ヶ所不足しています\r\n［2行目 エラー番号0］");
+    EXPECT_EQ(dialogs_.reported[0].text, u"）が2ヶ所不足しています\r\n［2行目 エラー番号0］");
 }
 
 TEST_F(PrepareTest, ExcessClosersAreReportedToo) {
     Normalised({u"a））"});
-    EXPECT_EQ(dialogs_.reported[0].text,
-              u"（が2ヶ所不足しています\r\n［1行目 エラー番号0］");
+    EXPECT_EQ(dialogs_.reported[0].text, u"（が2ヶ所不足しています\r\n［1行目 エラー番号0］");
 }
 
 TEST_F(PrepareTest, AHalfWidthBracketBeforeAFullWidthOneIsPassedOver) {
@@ -79,9 +76,7 @@ TEST_F(PrepareTest, EveryLineIsOneStatement) {
     EXPECT_EQ(statements[4]->Source, u"");
 }
 
-TEST_F(PrepareTest, AnEmptyTextIsOneEmptyLine) {
-    EXPECT_EQ(PrepareProgram(u"").size(), 1U);
-}
+TEST_F(PrepareTest, AnEmptyTextIsOneEmptyLine) { EXPECT_EQ(PrepareProgram(u"").size(), 1U); }
 
 TEST_F(PrepareTest, ProgramsAreAppended) {
     Programs.assign(1, std::make_shared<Program>());

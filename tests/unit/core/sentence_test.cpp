@@ -82,7 +82,7 @@ TEST_F(SentenceTest, TheVerbMayComeFirst) {
 }
 
 TEST_F(SentenceTest, ALeadingHeMayBelongToTheVerb) {
-    EXPECT_EQ(ShownOf(u"右へ\u3000100"), u"右|へ|\u3000100 [100][100][右]");
+    EXPECT_EQ(ShownOf(u"右へ\u3000100"), u"右|へ|\u3000100 [右へ][100][右]");
     const StatementPtr plain = ParseStatement(u"右へ100");
     EXPECT_EQ(plain->Verb.Text(), u"100");
     EXPECT_EQ(plain->HeArg.Text(), u"右");
@@ -90,7 +90,7 @@ TEST_F(SentenceTest, ALeadingHeMayBelongToTheVerb) {
 
 TEST_F(SentenceTest, HandlersAskForMoreWords) {
     const StatementPtr statement = ParseStatement(u"AからBまでCを試す");
-    const auto [from, to, none] = GetWords(*statement, u"から", u"まで", u"で");
+    const auto [from, to, none] = GetWords(*statement, u"から", u"まで", u"と");
     EXPECT_EQ(from.Text(), u"A");
     EXPECT_EQ(to.Text(), u"B");
     EXPECT_EQ(none.Text(), u"");
@@ -163,7 +163,8 @@ struct Model {
 };
 
 // Every sentence of up to five of these pieces.
-constexpr std::u16string_view kPieces[] = {u"A", u"を", u"に", u"へ、", u"から", u"で", u"「に」", u"（"};
+constexpr std::u16string_view kPieces[] = {u"A",    u"を", u"に",     u"へ、",
+                                           u"から", u"で", u"「に」", u"（"};
 
 template <class Check>
 void ForEachSentence(std::size_t pieces, const std::u16string& start, const Check& check) {

@@ -50,7 +50,8 @@ class VelmTest : public testing::Test {
     // An editor that notes every command event and takes none.
     void Watch() {
         TheEngine().SetDebugObj(true);
-        TheEngine().events.HostCommand = [this](std::u16string_view key, std::u16string_view value) {
+        TheEngine().events.HostCommand = [this](std::u16string_view key,
+                                                std::u16string_view value) {
             heard_.push_back(std::u16string(key) + u":" + std::u16string(value));
             return false;
         };
@@ -69,8 +70,10 @@ class VelmTest : public testing::Test {
 };
 
 constexpr std::u16string_view kProgram =
-    u"A＝0\r\n手順は\u3000進む（［n］を）\r\nA＝A＋n\r\n終わり\r\n3回、繰り返し\r\nもし A＜4 なら\r\n"
-    u"2を進む\r\n他なら\r\nもし 1＝1 なら 「十」を表示。Aを表示する\r\nもし終わり\r\n繰り返し終わり\r\n"
+    u"A＝0\r\n手順は\u3000進む（［n］を）\r\nA＝A＋n\r\n終わり\r\n3回、繰り返し\r\nもし A＜4 "
+    u"なら\r\n"
+    u"2を進む\r\n他なら\r\nもし 1＝1 なら "
+    u"「十」を表示。Aを表示する\r\nもし終わり\r\n繰り返し終わり\r\n"
     u"ほげほげ\r\n表（「k」）＝A\r\n表を表示\r\n";
 
 TEST_F(VelmTest, TwoRunsInOneProcessAreAlike) {
@@ -96,7 +99,8 @@ TEST_F(VelmTest, ARunEndsIdleAndForgetsTheCommandLine) {
 }
 
 TEST_F(VelmTest, EveryRunStartsFromNothing) {
-    Run(u"A＝1\r\nタイトルは 「題」\r\nエラーは 報告\r\n向きは 0\r\n手順は\u3000x\r\n「x」を表示\r\n終わり");
+    Run(u"A＝1\r\nタイトルは 「題」\r\nエラーは 報告\r\n向きは "
+        u"0\r\n手順は\u3000x\r\n「x」を表示\r\n終わり");
     Run(u"「[［A］]」を表示\r\nx");
     EXPECT_EQ(Shown(), Texts({u"[]"}));
     EXPECT_EQ(Reported().size(), 1U);
@@ -105,7 +109,8 @@ TEST_F(VelmTest, EveryRunStartsFromNothing) {
 }
 
 TEST_F(VelmTest, TheBoxHasTheStyleOfItsWords) {
-    Run(u"「a」を表示\r\n「b」を情報で表示\r\n「c」を警告＋はいといいえで表示\r\n「d」を無しで表示\r\n"
+    Run(u"「a」を表示\r\n「b」を情報で表示\r\n「c」を警告＋はいといいえで表示\r\n「d」を無しで表示"
+        u"\r\n"
         u"「e」を 禁止 で ひょうじ\r\n「f」を質問＋ＯＫとキャンセルで表示\r\n"
         u"「g」をはいといいえとキャンセルで表示");
     std::vector<int> styles;
@@ -117,8 +122,8 @@ TEST_F(VelmTest, HeadingsOfTheTurtle) {
     const struct {
         std::u16string_view sentence;
         float heading;
-    } cases[] = {{u"向きは 0", 90},       {u"向きは 90", 0},       {u"向きは 100", 350},
-                 {u"向きは 0-400", 490},  {u"むきは 450", 360},    {u"向きは 90.5", 360},
+    } cases[] = {{u"向きは 0", 90},       {u"向きは 90", 0},    {u"向きは 100", 350},
+                 {u"向きは 0-400", 490},  {u"むきは 450", 360}, {u"向きは 90.5", 360},
                  {u"向きは 12.25", 77.75}};
     for (const auto& one : cases) {
         TheEngine().RunComnd(one.sentence);
@@ -242,8 +247,12 @@ TEST_F(VelmTest, TheSentenceThatRan) {
 
 TEST_F(VelmTest, TextsAreCutForAHost) {
     EXPECT_EQ(Ask(u"分割", u"甲の「乙の」の丙"), u"甲\t「乙の」\t丙");
-    EXPECT_EQ(Ask(u"カンマ", u"1+1、「a,b」，x"), u"2\x01" u"a,b\x01x");
-    EXPECT_EQ(Ask(u"配列", u"a{**}b,c"), u"a,b\x01" u"c");
+    EXPECT_EQ(Ask(u"カンマ", u"1+1、「a,b」，x"),
+              u"2\x01"
+              u"a,b\x01x");
+    EXPECT_EQ(Ask(u"配列", u"a{**}b,c"),
+              u"a,b\x01"
+              u"c");
 }
 
 TEST_F(VelmTest, ColoursForAHost) {
@@ -280,7 +289,8 @@ TEST_F(VelmTest, AnErrorFromAHost) {
 }
 
 TEST_F(VelmTest, ProgressIsToldWhenThePercentChanges) {
-    Ask(u"プログラム", u"手順は\u3000進み（割合、済、全）\r\n「［割合］/［済］/［全］」を表示\r\n終わり");
+    Ask(u"プログラム",
+        u"手順は\u3000進み（割合、済、全）\r\n「［割合］/［済］/［全］」を表示\r\n終わり");
     EXPECT_EQ(Ask(u"処理状況"), u"0");
     Ask(u"処理状況通知", u"1,2");
     TheEngine().RunComnd(u"処理状況は 進み");
@@ -324,8 +334,10 @@ TEST_F(VelmTest, ASentenceForTheCaller) {
         return true;
     };
     TheEngine().RunComnd(u"呼び出し元の表示");
+    TheEngine().SetDebugObj(false);
     TheEngine().RunComnd(u"「x」をVelmへ命令");
-    EXPECT_EQ(heard_, Texts({u"表示:", u"命令:x"}));
+    TheEngine().RunComnd(u"「y」を呼び出し元の命令");
+    EXPECT_EQ(heard_, Texts({u"表示:", u"命令:x", u"命令:「y」"}));
     EXPECT_TRUE(Reported().empty());
 }
 
@@ -338,8 +350,8 @@ TEST_F(VelmTest, WhatAHostAnswers) {
     TheEngine().events.HostProperty = [](std::u16string_view, std::u16string_view) { return true; };
     EXPECT_EQ(RaiseHost(HostMode::kProperty, u"x", u""), u"False");
     double number = 0;
-    TheEngine().events.HostValue = [&number](std::u16string_view, std::u16string_view text, double n,
-                                             std::u16string_view word) {
+    TheEngine().events.HostValue = [&number](std::u16string_view, std::u16string_view text,
+                                             double n, std::u16string_view word) {
         number = n;
         return text == u"3" && word == u"1+2";
     };

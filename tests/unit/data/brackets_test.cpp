@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace velm {
 namespace {
@@ -42,6 +44,17 @@ TEST(Brackets, NextCommaPassesOverBracketsAndTheFirstPosition) {
     EXPECT_EQ(NextComma(u"a、b,c", 1, true), 2U);
     EXPECT_EQ(NextComma(u"a，b", 1, true), 2U);
     EXPECT_EQ(NextComma(u"abc", 1, true), 0U);
+}
+
+TEST(Brackets, MarksCutFromTheStart) {
+    using Pieces = std::vector<std::u16string_view>;
+    EXPECT_EQ(CutAtMark(u"a", u'＆', kQuotesAndRound), (Pieces{u"a"}));
+    EXPECT_EQ(CutAtMark(u"", u'＆', kQuotesAndRound), (Pieces{u""}));
+    EXPECT_EQ(CutAtMark(u"a＆b＆", u'＆', kQuotesAndRound), (Pieces{u"a", u"b", u""}));
+    EXPECT_EQ(CutAtMark(u"「a＆b」＆（c＆d）", u'＆', kQuotesAndRound),
+              (Pieces{u"「a＆b」", u"（c＆d）"}));
+    // The closer without its opener leaves with the first piece: the rest is balanced.
+    EXPECT_EQ(CutAtMark(u"）＆（a＆b）", u'＆', kQuotesAndRound), (Pieces{u"）", u"（a＆b）"}));
 }
 
 }  // namespace

@@ -11,9 +11,10 @@ namespace {
 
 TEST(Resources, EveryIdHasItsRows) {
     const std::pair<int, std::size_t> counts[] = {
-        {kNoteNames, 7},      {kDriveWords, 9},      {kMessages, 76},       {kMessageBoxWords, 7},
-        {kArchiverWords, 4},  {kProgramWords, 7},    {kAttributeWords, 6},  {kAnswerWords, 9},
-        {kColorWords, 56},    {kCursorWords, 16},    {kColorDialogFlags, 4}, {kFontDialogFlags, 17},
+        {kNoteNames, 7},        {kDriveWords, 9},       {kMessages, 76},
+        {kMessageBoxWords, 7},  {kArchiverWords, 4},    {kProgramWords, 7},
+        {kAttributeWords, 6},   {kAnswerWords, 9},      {kColorWords, 56},
+        {kCursorWords, 16},     {kColorDialogFlags, 4}, {kFontDialogFlags, 17},
         {kFileDialogFlags, 15}, {kComponentWords, 6},
     };
     for (const auto& [id, count] : counts) EXPECT_EQ(ResourceEntries(id).size(), count) << id;
@@ -26,7 +27,8 @@ TEST(Resources, ValuesAreFoundByTheirExactKey) {
     EXPECT_EQ(ResourceValue(kProgramWords, u"メモ帳"), u"notepad.exe");
     EXPECT_EQ(ResourceValue(kDriveWords, u"空き領域"), u"FreeSpace");
     EXPECT_EQ(ResourceValue(kMessages, u"42"), u"分岐終わりがありません。");
-    EXPECT_EQ(ResourceValue(kMessages, u"2"), u"もし命令の文法が間違っています。「なら」の前後を確認してください。");
+    EXPECT_EQ(ResourceValue(kMessages, u"2"),
+              u"もし命令の文法が間違っています。「なら」の前後を確認してください。");
     EXPECT_EQ(ResourceValue(kMessages, u"9999"), u"");
     EXPECT_EQ(ResourceValue(7, u"情報"), u"");
 }

@@ -18,10 +18,12 @@ class StateFunctionsTest : public testing::Test {
     void SetUp() override {
         TheEngine();
         ResetRunState();
-        before_ = process;
     }
     void TearDown() override {
-        process = before_;
+        process.RunMode = RunModes::kScript;
+        process.HostRuns = false;
+        process.CommandLine.clear();
+        process.ProgramPath.clear();
         eventData = {};
         ResetRunState();
         run.Status = RunStatus::kIdle;
@@ -31,9 +33,6 @@ class StateFunctionsTest : public testing::Test {
         process.CommandLine = commandLine;
         return Of(u"選択されたファイル");
     }
-
-  private:
-    ProcessState before_;
 };
 
 TEST_F(StateFunctionsTest, EachRunModeHasAName) {

@@ -186,6 +186,21 @@ TEST(RemoveTree, SeparatorBehindALinkDoesNotFollowIt) {
     EXPECT_EQ(folder.Read("outside/a.txt"), "x");
 }
 
+TEST(RemoveTree, PathsLongerThanTheSystemTakes) {
+    const TemporaryFolder folder;
+    const std::string name(200, 'n');
+    std::filesystem::create_directory("deep");
+    std::filesystem::current_path("deep");
+    // 30 times 200 bytes are more than the 4096 of a path.
+    for (int depth = 0; depth < 30; ++depth) {
+        ASSERT_EQ(mkdir(name.c_str(), 0700), 0);
+        ASSERT_EQ(chdir(name.c_str()), 0);
+    }
+    std::filesystem::current_path(folder.Path());
+    RemoveTree(u"deep");
+    EXPECT_FALSE(folder.Has("deep"));
+}
+
 TEST(RemoveTree, RootAndPointsAreRefused) {
     const TemporaryFolder folder;
     folder.Write("a.txt", "");

@@ -56,6 +56,14 @@ TEST(Readings, KanjiAndKatakanaAreRead) {
     ExpectReading(u"三人", u"さんにん");
 }
 
+// The library would take minutes over a row of letters of this length.
+TEST(Readings, LongRowsOfLettersAreNotAnalysed) {
+    const std::u16string letters(5'000'000, u'a');
+    ExpectReading(letters, letters);
+    ExpectReading(u"東京。" + letters + u"。大阪", u"とうきょう。" + letters + u"。おおさか");
+    ExpectReading(u"\xD842" + letters.substr(0, 10), u"\xD842" + letters.substr(0, 10));
+}
+
 TEST(Readings, EverythingElseStays) {
     ExpectReading(u"ひらがな", u"ひらがな");
     ExpectReading(u"ABC xyz", u"ABC xyz");

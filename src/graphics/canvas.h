@@ -1,0 +1,80 @@
+// The persistent image of a window or picture control, with the members that scripts draw by. What a
+// toolkit must do is to show the image: it asks once a frame which part has changed. No toolkit here.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "graphics/drawing_surface.h"
+#include "graphics/pixmap.h"
+#include "graphics/raster.h"
+#include "platform/text_raster.h"
+
+namespace velm {
+
+class Canvas : public DrawingSurface {
+  public:
+    Canvas(std::u16string name, bool isWindow) : name_(std::move(name)), isWindow_(isWindow) {}
+
+    // Width and height in pixels; less than 0 is 0. What is cut off comes back when the canvas grows
+    // again; new places have the background colour. Throws Failure(7) for more than 2^26 pixels; the
+    // canvas is then as it was.
+    void Resize(std::int32_t width, std::int32_t height);
+    std::int32_t Width() const { return width_; }
+    std::int32_t Height() const { return height_; }
+
+    // The image; the canvas is its upper left part.
+    const Pixmap& Image() const { return image_; }
+    // What has changed since this was asked the last time; empty when nothing has.
+    PixelRect TakeChanges();
+    // Whether somebody asked to show the changes at once; the question clears it.
+    bool TakeRefresh();
+
+    std::int32_t BackColor() const { return backColor_; }
+    // Erases all drawing, but leaves the current point.
+    void SetBackColor(std::int32_t color);
+    // An image that lies at 0,0 below everything that is drawn. Erases all drawing.
+    void SetPicture(Pixmap picture);
+    const Pixmap& Picture() const { return picture_; }
+    TextStyle Font;
+
+    std::u16string ObjectName() const override { return name_; }
+    bool IsWindow() const override { return isWindow_; }
+    float ScaleWidth() const override { return static_cast<float>(width_); }
+    float ScaleHeight() const override { return static_cast<float>(height_); }
+    void Line(float x, float y, std::int32_t color) override;
+    void Box(float x, float y, std::int32_t color, bool isFilled) override;
+    void PSet(float x, float y, std::int32_t color) override;
+    void Print(std::u16string_view text) override;
+    float TextWidth(std::u16string_view text) const override;
+    void Cls() override;
+    void RemovePicture() override { SetPicture(Pixmap()); }
+    void Refresh() override { isRefreshAsked_ = true; }
+    void PaintPicture(const Pixmap& picture, float x, float y, float width, float height) override;
+    std::int32_t Point(float x, float y) const override;
+    void Ellipse(float left, float top, float right, float bottom) override;
+    void ExtFloodFill(float x, float y, std::int32_t color, std::int32_t mode) override;
+
+  private:
+    std::u16string name_;
+    bool isWindow_;
+    std::int32_t width_ = 0;
+    std::int32_t height_ = 0;
+    std::int32_t backColor_ = 0xFFFFFF;
+    Pixmap image_;  // as large as the canvas ever was
+    Pixmap picture_;
+    PixelRect changed_;
+    bool isRefreshAsked_ = false;
+
+    // Runs a raster operation on the visible part and notes what it changed.
+    template <class Operation>
+    void Paint(Operation&& operation);
+    void Grow(std::int32_t width, std::int32_t height);
+    void Erase();
+    void MoveTo(float x, float y);
+    void PrintLine(std::u16string_view line, TextRasterizer& fonts);
+};
+
+}  // namespace velm
