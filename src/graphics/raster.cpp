@@ -56,8 +56,8 @@ void PaintRing(PixelArea& area, std::int32_t y, const Run& outer, const Run& inn
     area.Span(y, inner.last + 1, outer.last, color);
 }
 
-// Twice the place where an edge crosses the middle of a row, in sixteenths of a pixel, rounded up: the
-// first place that is right of the edge or on it.
+// Where an edge crosses the middle of a row, in sixteenths of a pixel, rounded up: the first place that
+// is right of the edge or on it.
 std::int64_t Crossing(const PixelPoint& upper, const PixelPoint& lower, std::int64_t middle) {
     const std::int64_t rise = std::int64_t{lower.y} - upper.y;
     const std::int64_t numerator = (std::int64_t{lower.x} - upper.x) * (middle - upper.y);
@@ -88,7 +88,7 @@ std::vector<std::int64_t> Crossings(std::span<const PixelPoint> corners, std::in
     return places;
 }
 
-// For each pixel from first on, the one of the image; a box is `size` long from `start` on.
+// Along one axis, the pixel of the image that a pixel of the box from start to end shows.
 std::int32_t SourceOf(std::int64_t pixel, std::int32_t start, std::int32_t end,
                       std::int32_t length) {
     const std::int64_t low = std::min(start, end);

@@ -91,7 +91,7 @@ enum class FloodMode : std::uint8_t {
 };
 
 // Fills from a place on to all sides, but not over corners. Does nothing from a place that is outside
-// the area or not to be filled itself. Takes time in proportion to the pixels that it fills.
+// the area or not to be filled itself. Looks at no pixel more than a few times.
 void FloodFill(PixelArea& area, PixelPoint seed, std::uint32_t given, FloodMode mode,
                std::uint32_t color);
 

@@ -13,7 +13,7 @@ import tempfile
 import time
 import unittest
 
-PROGRAMS = ("Xvfb", "openbox", "xdotool", "import", "convert", "xprop")
+PROGRAMS = ("Xvfb", "openbox", "xdotool", "import", "xprop")
 PATIENCE = 60  # seconds that anything may take on a busy machine
 SIZE = (1280, 1024)
 

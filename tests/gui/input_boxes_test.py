@@ -49,14 +49,42 @@ class InputBoxes(WindowCase):
         self.assert_result(program, "花子x")
 
     def test_cancelling_is_the_empty_text(self):
-        for way in ("escape", "mouse", "close"):
-            with self.subTest(way=way):
-                program, window = self.ask("「名前は」", "「花子」")
-                if way == "mouse":
-                    self.click(program, window, CANCEL)
-                else:
-                    program.key("Escape" if way == "escape" else "alt+F4")
+        for keys in (["Escape"], ["alt+F4"], ["Tab", "Tab", "space"]):
+            with self.subTest(keys=keys):
+                program, _ = self.ask("「名前は」", "「花子」")
+                program.key(*keys)
                 self.assert_result(program, "")
+
+    def test_cancelling_by_the_mouse(self):
+        program, window = self.ask("「名前は」", "「花子」")
+        self.click(program, window, CANCEL)
+        self.assert_result(program, "")
+
+    def test_ok_by_the_tab_key(self):
+        program, _ = self.ask("「名前は」", "「花子」")
+        program.key("Tab", "space")
+        self.assert_result(program, "花子")
+
+    def test_the_title_of_the_program(self):
+        program = self.run_script("タイトルは 「道具箱」", "答え＝入力（「名前は」）", *SHOW_RESULT)
+        program.window("道具箱")
+        program.type("7")
+        program.key("Return")
+        self.assert_result(program, "7")
+
+    def test_one_after_another(self):
+        program = self.run_script(
+            "A＝入力（「一つめ」、「1」、「問い一」）",
+            "B＝入力（「二つめ」、「2」、「問い二」）",
+            "答え＝A＆B",
+            *SHOW_RESULT,
+        )
+        program.window("問い一")
+        program.key("Return")
+        program.window("問い二")
+        program.type("9")
+        program.key("Return")
+        self.assert_result(program, "19")
 
     def test_a_number_can_be_reckoned_with(self):
         program = self.run_script("答え＝入力（「数は」）", "答え＝答え＊3", *SHOW_RESULT)

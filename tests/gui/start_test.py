@@ -6,7 +6,7 @@ import shutil
 import subprocess
 import time
 
-from display import WindowCase, main, wait_for
+from display import PATIENCE, SHOW_RESULT, WindowCase, main, wait_for
 
 SAY_HELLO = ("タイトルは 「できた」", "「こんにちは」を表示")
 FILE_DIALOG = "Velmrunプログラムを指定して実行"
@@ -68,11 +68,17 @@ class CommandLine(WindowCase):
     def test_an_empty_script_ends_without_a_word(self):
         self.assert_quiet_end(self.start(self.write("a.vlm")))
 
+    def test_the_folder_of_the_script_becomes_the_current_one(self):
+        (self.folder / "inner").mkdir()
+        self.write("inner/library.vlm", "手順は　答える", "答え＝「隣から」", "終わり")
+        self.write("inner/a.vlm", "「library.vlm」を参照", "答える", *SHOW_RESULT)
+        self.assert_result(self.start("inner/a.vlm"), "隣から")
+
     def test_help_and_version(self):
-        for word, expected in (("--help", "velmscript [スクリプト]"), ("--version", "velmscript ")):
+        for word, form in (("--help", "velmscript .スクリプト"), ("--version", "^velmscript [0-9.]+\n$")):
             status, out, err = self.start(word).end()
             self.assertEqual((status, err), (0, ""))
-            self.assertIn(expected, out)
+            self.assertRegex(out, form)
 
     def test_help_with_another_word_is_a_path(self):
         self.assert_quiet_end(self.start("--help", "x"))
@@ -140,7 +146,7 @@ class Displays(WindowCase):
         }
         done = subprocess.run(
             [self.runtime, path], env=dict(inherited, **environment), capture_output=True,
-            text=True, check=False, timeout=20,
+            text=True, check=False, timeout=PATIENCE,
         )
         self.assertEqual((done.returncode, done.stdout), (2, ""))
         self.assertEqual(done.stderr.count("\n"), 1, done.stderr)

@@ -42,20 +42,15 @@ std::u16string CommandLineOf(int count, char** words) {
 
 std::filesystem::path OwnPath(const char* calledAs) {
     std::error_code noLink;
-    std::filesystem::path own = std::filesystem::read_symlink("/proc/self/exe", noLink);
-    return noLink ? std::filesystem::path(calledAs) : own;
+    const auto own = std::filesystem::read_symlink("/proc/self/exe", noLink);
+    return noLink ? calledAs : own;
 }
 
 // Answers the options that are no run; whether the command line was one.
 bool AnswerOption(std::u16string_view line) {
-    if (line == u"--help") {
-        std::fputs(kHelp, stdout);
-    } else if (line == u"--version") {
-        std::puts("velmscript " VELM_VERSION);
-    } else {
-        return false;
-    }
-    return true;
+    if (line == u"--help") std::fputs(kHelp, stdout);
+    if (line == u"--version") std::puts("velmscript " VELM_VERSION);
+    return line == u"--help" || line == u"--version";
 }
 
 // A copy of the runtime under another name never takes its command line for a script. Nothing is

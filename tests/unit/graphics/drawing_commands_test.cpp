@@ -78,6 +78,7 @@ TEST_F(DrawingCommands, EllipsesFitABoxFromTheCurrentPoint) {
     StandAt(5, 6);
     EXPECT_EQ(Done(u"40,20で円"), (Notes{"ellipse 5 6 45 26 255", "refresh"}));
     EXPECT_EQ(Done(u"40,20で10,11からえん"), (Notes{"ellipse 10 11 50 31 255", "refresh"}));
+    EXPECT_EQ(Done(u"えん"), (Notes{"ellipse 10 11 10 11 255", "refresh"}));
     EXPECT_EQ(window.CurrentX, 10);
     EXPECT_EQ(Done(u"8,8で塗りつぶして円"), (Notes{"ellipse 10 11 18 19 255 fill 255", "refresh"}));
     EXPECT_EQ(window.FillStyle, FillStyles::kTransparent);
