@@ -30,7 +30,7 @@ class Display:
             )
         reader, writer = os.pipe()
         self.server = subprocess.Popen(
-            ["Xvfb", "-displayfd", str(writer), "-screen", "0", f"{SIZE[0]}x{SIZE[1]}x24", "-nolisten", "tcp"],
+            ["Xvfb", "-displayfd", str(writer), "-screen", "0", f"{SIZE[0]}x{SIZE[1]}x24", "-nolisten", "tcp", "-noreset"],
             pass_fds=[writer], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
         )
         os.close(writer)
@@ -113,7 +113,7 @@ class Program:
         self.display.read("xdotool", "key", "--clearmodifiers", *keys)
 
     def type(self, text):
-        self.display.read("xdotool", "type", "--delay", "20", text)
+        self.display.read("xdotool", "type", "--clearmodifiers", "--delay", "50", text)
 
     def geometry(self, window):
         """x, y, width and height of a window on the screen, without its frame."""

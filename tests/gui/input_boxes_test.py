@@ -30,12 +30,6 @@ class InputBoxes(WindowCase):
         self.click(program, window, OK)
         self.assert_result(program, "abc")
 
-    def test_japanese_text(self):
-        program, _ = self.ask("「名前は」")
-        program.type("太郎")
-        program.key("Return")
-        self.assert_result(program, "太郎")
-
     def test_the_preset_is_taken(self):
         program, _ = self.ask("「名前は」", "「花子」")
         program.key("Return")

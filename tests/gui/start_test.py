@@ -110,7 +110,7 @@ class Names(WindowCase):
 
 class WithoutArgument(WindowCase):
     def test_a_typed_path_is_run(self):
-        path = self.write("例 1.vlm", *SAY_HELLO)
+        path = self.write("my 1.vlm", *SAY_HELLO)
         program = self.start()
         program.window(FILE_DIALOG)
         program.type(str(path))
