@@ -28,9 +28,11 @@ class Display:
                 f"the tests of the window face need these programs: {' '.join(missing)} "
                 "(tools/packages.txt names their packages)"
             )
+        # No reset when the last program leaves, and no repeating keys: on a busy machine a key that is
+        # let go late would answer the next box as well.
         reader, writer = os.pipe()
         self.server = subprocess.Popen(
-            ["Xvfb", "-displayfd", str(writer), "-screen", "0", f"{SIZE[0]}x{SIZE[1]}x24", "-nolisten", "tcp", "-noreset"],
+            ["Xvfb", "-displayfd", str(writer), "-screen", "0", f"{SIZE[0]}x{SIZE[1]}x24", "-nolisten", "tcp", "-noreset", "-r"],
             pass_fds=[writer], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
         )
         os.close(writer)
