@@ -109,7 +109,9 @@ class Program:
         try:
             return wait_for(focused, f"the window {title}")
         except AssertionError as error:
-            raise AssertionError(f"{error}; there are {list(seen.values())}") from None
+            names = [name for name in seen.values() if name]
+            ended = self.process.poll()
+            raise AssertionError(f"{error}; there are {names}, exit status {ended}") from None
 
     def key(self, *keys):
         self.display.read("xdotool", "key", "--clearmodifiers", *keys)
