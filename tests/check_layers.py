@@ -40,7 +40,7 @@ TABLES = {
 TABLE_HEADERS = {"commands/command_table.h", "functions/function_table.h"}
 
 # Interfaces may use these of data, which themselves use nothing but the standard library.
-BOTTOM_OF_DATA = {"data/failure.h", "data/text.h"}
+BOTTOM_OF_DATA = {"data/failure.h", "data/member_value.h", "data/pixmap.h", "data/text.h"}
 
 QT_PLACES = ("platform/qt/", "platform/web/", "faces/window/", "faces/velmscript")
 

@@ -7,30 +7,31 @@
 #include <string_view>
 #include <utility>
 
+#include "data/pixmap.h"
 #include "graphics/drawing_surface.h"
-#include "graphics/pixmap.h"
 #include "graphics/raster.h"
 #include "platform/text_raster.h"
+#include "platform/toolkit.h"
 
 namespace velm {
 
-class Canvas : public DrawingSurface {
+class Canvas : public DrawingSurface, public CanvasImage {
   public:
     Canvas(std::u16string name, bool isWindow) : name_(std::move(name)), isWindow_(isWindow) {}
 
     // Width and height in pixels; less than 0 is 0. What is cut off comes back when the canvas grows
     // again; new places have the background colour. Throws Failure(7) for more than 2^26 pixels; the
     // canvas is then as it was.
-    void Resize(std::int32_t width, std::int32_t height);
-    std::int32_t Width() const { return width_; }
-    std::int32_t Height() const { return height_; }
+    void Resize(std::int32_t width, std::int32_t height) override;
+    std::int32_t Width() const override { return width_; }
+    std::int32_t Height() const override { return height_; }
 
     // The image; the canvas is its upper left part.
-    const Pixmap& Image() const { return image_; }
+    const Pixmap& Image() const override { return image_; }
     // What has changed since this was asked the last time; empty when nothing has.
-    PixelRect TakeChanges();
+    PixelRect TakeChanges() override;
     // Whether somebody asked to show the changes at once; the question clears it.
-    bool TakeRefresh();
+    bool TakeRefresh() override;
 
     std::int32_t BackColor() const { return backColor_; }
     // Erases all drawing, but leaves the current point.

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "graphics/pixmap.h"
+#include "data/pixmap.h"
 
 namespace velm {
 

@@ -20,7 +20,7 @@
 #include <optional>
 #include <span>
 
-#include "graphics/pixmap.h"
+#include "data/pixmap.h"
 
 namespace velm {
 

@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "graphics/pixmap.h"
+#include "data/pixmap.h"
 
 namespace velm {
 

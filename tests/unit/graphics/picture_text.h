@@ -9,7 +9,7 @@
 #include <string>
 #include <utility>
 
-#include "graphics/pixmap.h"
+#include "data/pixmap.h"
 
 namespace velm {
 
