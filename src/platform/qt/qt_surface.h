@@ -4,6 +4,7 @@
 
 #include <QObject>
 #include <QPointer>
+#include <QWidget>
 #include <cstdint>
 #include <functional>
 #include <span>
@@ -11,8 +12,6 @@
 #include <vector>
 
 #include "platform/toolkit.h"
-
-class QWidget;
 
 namespace velm {
 

@@ -1,0 +1,100 @@
+// Properties: from ボタン1の内容 to the member of a control. A property is a row: word, what to do on a
+// read, what on a write. The rows of the object's class come first, then those that all controls share,
+// then the member of that very name. One engine walks them.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "core/word.h"
+#include "data/value.h"
+#include "objects/object.h"
+
+namespace velm {
+
+// One access.
+struct PropertyRecord {
+    std::u16string Name;  // the property word: what stands behind the last の
+    Word Value;           // as written
+    velm::Value Text;     // evaluated; as written when it holds a comma outside brackets
+    float Number = 0;     // Text as a number, 0 if it is none
+};
+
+struct PropertyResult {
+    velm::Value Text;         // the answer of a read
+    bool WrongSide = false;   // the property exists only for the other direction
+    bool NotHandled = false;  // nothing knew the word
+};
+
+// A row of a table. A direction without a function falls through to the next table, unless the row says
+// that the word exists for the other side alone. A function may throw Failure: of a write that is
+// dropped, of a read the engine decides.
+struct PropertyRow {
+    std::u16string_view words;  // aliases, joined by ","
+    void (*get)(Object& object, const PropertyRecord& record, PropertyResult& result) = nullptr;
+    void (*set)(Object& object, const PropertyRecord& record, PropertyResult& result) = nullptr;
+    bool isOneWay = false;
+};
+using PropertyTable = std::span<const PropertyRow>;
+
+// What serves an object: its own rows, whether the common rows come behind them, and, for paths such as
+// 3番目の幅, a handler that is asked before all rows; it answers whether it took the word.
+struct PropertyHandler {
+    PropertyTable rows;
+    bool hasCommonRows = true;
+    bool (*path)(bool isGet, Object& object, const PropertyRecord& record,
+                 PropertyResult& result) = nullptr;
+};
+
+// The handler of an object's class; nullptr for one without (a line, the dialogs, the printer, a drive).
+const PropertyHandler* AssignPropertyHandler(const Object& object);
+
+void SetProperty(std::u16string_view path, const Word& value);
+// notHandled: no table and no member knew the word. quiet: a failed read reports nothing.
+Value GetProperty(std::u16string_view path, std::u16string_view argument, bool& notHandled,
+                  bool quiet);
+// Looks only: nothing is reported or made.
+ObjectPtr SplitPropertyPath(std::u16string_view path, std::u16string& objectName,
+                            std::u16string& propertyName);
+
+// The common rows. Return whether the word was theirs.
+bool SetCommonProperty(Object& object, const PropertyRecord& record, PropertyResult& result);
+bool GetCommonProperty(Object& object, const PropertyRecord& record, PropertyResult& result);
+
+// Words that are no objects: メディア, メニュー, タスクトレイ, 呼び出し元 …
+Value SpecialObjectProperty(bool isGet, std::u16string_view objectName,
+                            const PropertyRecord& record, bool& notFound);
+
+// Value forms.
+// The position of the text among the names, else the text's number.
+std::int32_t EnumIndexOf(const Value& text, std::span<const std::u16string_view> names);
+// The name at the position, else the number.
+Value EnumNameOf(std::int32_t number, std::span<const std::u16string_view> names);
+Value BoolText(bool flag);
+// Cuts "a,b[,c,d]" into numbers; a missing part leaves its target. Each part is evaluated when the value
+// as written has a comma outside brackets, otherwise the evaluated text is cut. Returns how many parts.
+std::size_t SplitCoordinates(const PropertyRecord& record, std::span<double> outputs);
+
+// The rows of each class, one file a subject.
+extern const PropertyHandler kWindowProperties;
+extern const PropertyHandler kPictureProperties;
+extern const PropertyHandler kTextProperties;
+extern const PropertyHandler kRichTextProperties;
+extern const PropertyHandler kButtonProperties;
+extern const PropertyHandler kListProperties;
+extern const PropertyHandler kScrollBarProperties;
+extern const PropertyHandler kCheckProperties;
+extern const PropertyHandler kImageProperties;
+extern const PropertyHandler kLabelProperties;
+extern const PropertyHandler kTimerProperties;
+extern const PropertyHandler kShapeProperties;
+extern const PropertyHandler kFrameProperties;
+extern const PropertyHandler kFolderListProperties;
+extern const PropertyHandler kDriveListProperties;
+
+// タスクトレイ; throws Failure(438) for another word.
+Value TrayProperty(bool isGet, const PropertyRecord& record);
+
+}  // namespace velm
