@@ -13,7 +13,7 @@ import tempfile
 import time
 import unittest
 
-PROGRAMS = ("Xvfb", "openbox", "xdotool", "import", "xprop")
+PROGRAMS = ("Xvfb", "openbox", "xdotool", "import", "xprop", "xev")
 PATIENCE = 60  # seconds that anything may take on a busy machine
 SIZE = (1280, 1024)
 
@@ -47,9 +47,37 @@ class Display:
             ["openbox"], env=self.environment, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL
         )
         wait_for(self.has_manager, "the window manager")
+        self.warm_keyboard()
 
     def has_manager(self):
         return "0x" in self.read("xprop", "-root", "_NET_SUPPORTING_WM_CHECK")
+
+    def warm_keyboard(self):
+        """Presses alt+F4 on a window of no matter until it closes.
+
+        With the first key of xdotool the server takes another keyboard for the current one, and the
+        window manager binds its keys anew: until then it would miss them.
+        """
+        window = subprocess.Popen(
+            ["xev"], env=self.environment, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL
+        )
+        try:
+            wait_for(
+                lambda: self.read("xdotool", "search", "--onlyvisible", "--name", "Event Tester"),
+                "the window that warms the keyboard up",
+            )
+            wait_for(lambda: self.closes(window), "the end of that window by alt+F4")
+        finally:
+            window.kill()
+            window.wait()
+
+    def closes(self, window):
+        self.read("xdotool", "key", "alt+F4")
+        try:
+            window.wait(timeout=0.5)
+        except subprocess.TimeoutExpired:
+            return False
+        return True
 
     def read(self, *command):
         """Standard output of a program on this display; empty when it fails."""
