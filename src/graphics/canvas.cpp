@@ -2,7 +2,7 @@
 #include "graphics/canvas.h"
 
 #include <algorithm>
-#include <cmath>
+#include <cstdlib>
 #include <optional>
 
 #include "data/failure.h"
@@ -29,16 +29,18 @@ void ForEachLine(std::u16string_view text, Use&& use) {
     }
 }
 
-void PaintCoverage(PixelArea& area, const TextCoverage& text, std::int32_t left, std::int32_t top,
+void PaintCoverage(PixelArea& area, const TextCoverage& text, PixelPoint corner,
                    std::uint32_t color) {
+    const std::int64_t left = corner.x;
+    const std::int64_t top = corner.y;
     for (std::int32_t y = 0; y < text.height; ++y) {
         for (std::int32_t x = 0; x < text.width; ++x) {
             if (text.At(x, y) >= kHalfCovered) {
-                area.Dot(std::int64_t{left} + x, std::int64_t{top} + y, color);
+                area.Dot(left + x, top + y, color);
             }
         }
     }
-    area.Touch(left, top, std::int64_t{left} + text.width, std::int64_t{top} + text.height);
+    area.Touch(left, top, left + text.width, top + text.height);
 }
 
 }  // namespace
@@ -48,6 +50,50 @@ void Canvas::Paint(Operation&& operation) {
     PixelArea area(image_, width_, height_);
     operation(area);
     changed_.Include(area.Changed());
+}
+
+// A stroke of another mode is drawn by itself first, so that no pixel of it is mixed in twice.
+template <class Operation>
+void Canvas::Stroke(Operation&& operation) {
+    if (DrawMode == draw_mode::kCopy) {
+        Paint(operation);
+        return;
+    }
+    if (DrawMode == draw_mode::kNothing) return;
+    const PixelRect drawn = DrawByItself(operation);
+    MixIn(drawn, [](std::int32_t, std::int32_t) { return true; });
+}
+
+// Leaves the drawing in stroke_, all other pixels of which are kTransparentPixel.
+template <class Operation>
+PixelRect Canvas::DrawByItself(Operation&& operation) {
+    if (stroke_.width != image_.width || stroke_.height != image_.height) {
+        stroke_ = Pixmap(image_.width, image_.height, kTransparentPixel);
+    }
+    PixelArea area(stroke_, width_, height_);
+    operation(area);
+    return area.Changed();
+}
+
+// Brings the pixels of stroke_ into the image that keep(x, y) wants, and empties it.
+template <class Keep>
+void Canvas::MixIn(const PixelRect& part, Keep&& keep) {
+    for (std::int32_t y = part.top; y < part.bottom; ++y) {
+        std::uint32_t* const drawn = stroke_.Row(y);
+        std::uint32_t* const below = image_.Row(y);
+        for (std::int32_t x = part.left; x < part.right; ++x) {
+            if (drawn[x] == kTransparentPixel) continue;
+            if (keep(x, y)) below[x] = MixPixel(DrawMode, drawn[x], below[x]);
+            drawn[x] = kTransparentPixel;
+        }
+    }
+    if (!part.IsEmpty()) changed_.Include(part);
+}
+
+void Canvas::SetUnitsInPixel(double units) {
+    MoveTo(static_cast<float>(InPixels(CurrentX) * units),
+           static_cast<float>(InPixels(CurrentY) * units));
+    units_ = units;
 }
 
 void Canvas::Resize(std::int32_t width, std::int32_t height) {
@@ -103,34 +149,73 @@ void Canvas::MoveTo(float x, float y) {
     CurrentY = y;
 }
 
-void Canvas::Line(float x, float y, std::int32_t color) {
-    Paint([&](PixelArea& area) {
-        DrawLine(area, CurrentX, CurrentY, x, y, DrawWidth, PixelOfColor(color));
+void Canvas::StrokeLine(double fromX, double fromY, double toX, double toY, std::uint32_t color) {
+    if (DrawStyle == draw_style::kNone) return;
+    const auto draw = [&](PixelArea& area) {
+        DrawLine(area, fromX, fromY, toX, toY, DrawWidth, color);
+    };
+    if (DrawWidth != 1 || !IsBrokenStyle(DrawStyle)) {
+        Stroke(draw);
+        return;
+    }
+    // A thin line has one pixel for each step of its longer axis.
+    const bool isSteep = std::abs(toY - fromY) > std::abs(toX - fromX);
+    const std::int64_t start = NearestPixel(isSteep ? fromY : fromX);
+    MixIn(DrawByItself(draw), [&](std::int32_t x, std::int32_t y) {
+        return IsInDash(DrawStyle, std::abs((isSteep ? y : x) - start));
     });
+}
+
+void Canvas::StrokeBox(PixelPoint one, PixelPoint other, std::uint32_t color) {
+    if (DrawWidth == 1 && IsBrokenStyle(DrawStyle)) {
+        StrokeLine(one.x, one.y, other.x, one.y, color);
+        StrokeLine(other.x, one.y, other.x, other.y, color);
+        StrokeLine(other.x, other.y, one.x, other.y, color);
+        StrokeLine(one.x, other.y, one.x, one.y, color);
+    } else if (DrawStyle != draw_style::kNone) {
+        Stroke([&](PixelArea& area) { DrawBox(area, one, other, DrawWidth, color); });
+    }
+}
+
+void Canvas::Line(float x, float y, std::int32_t color) {
+    StrokeLine(InPixels(CurrentX), InPixels(CurrentY), InPixels(x), InPixels(y),
+               PixelOfColor(color));
     MoveTo(x, y);
 }
 
 void Canvas::Box(float x, float y, std::int32_t color, bool isFilled) {
-    const PixelPoint corner = {NearestPixel(CurrentX), NearestPixel(CurrentY)};
-    const PixelPoint opposite = {NearestPixel(x), NearestPixel(y)};
-    const bool hasInside = isFilled || FillStyle == FillStyles::kSolid;
-    const std::int32_t inside = isFilled ? color : FillColor;
-    Paint([&](PixelArea& area) {
-        if (hasInside) FillBox(area, corner, opposite, PixelOfColor(inside));
-        DrawBox(area, corner, opposite, DrawWidth, PixelOfColor(color));
-    });
+    const PixelPoint corner = PixelAt(CurrentX, CurrentY);
+    const PixelPoint opposite = PixelAt(x, y);
+    const std::uint32_t pixel = PixelOfColor(color);
+    if (isFilled) {
+        // One stroke, so that its edge isn't mixed in twice.
+        Stroke([&](PixelArea& area) {
+            FillBox(area, corner, opposite, pixel);
+            DrawBox(area, corner, opposite, DrawWidth, pixel);
+        });
+    } else {
+        if (FillStyle == FillStyles::kSolid) {
+            Stroke(
+                [&](PixelArea& area) { FillBox(area, corner, opposite, PixelOfColor(FillColor)); });
+        }
+        StrokeBox(corner, opposite, pixel);
+    }
     MoveTo(x, y);
 }
 
+// A dot isn't broken, whatever the style.
 void Canvas::PSet(float x, float y, std::int32_t color) {
     MoveTo(x, y);
-    Line(x, y, color);
+    Stroke([&](PixelArea& area) {
+        DrawLine(area, InPixels(x), InPixels(y), InPixels(x), InPixels(y), DrawWidth,
+                 PixelOfColor(color));
+    });
 }
 
 void Canvas::Print(std::u16string_view text) {
     TextRasterizer* fonts = TheTextRasterizer();
     if (fonts == nullptr) return;
-    const auto step = static_cast<float>(fonts->LineHeight(Font));
+    const auto step = static_cast<float>(fonts->LineHeight(Font) * units_);
     ForEachLine(text, [&](std::u16string_view line) {
         PrintLine(line, *fonts);
         MoveTo(0, CurrentY + step);
@@ -138,13 +223,12 @@ void Canvas::Print(std::u16string_view text) {
 }
 
 void Canvas::PrintLine(std::u16string_view line, TextRasterizer& fonts) {
-    const std::int32_t left = NearestPixel(CurrentX);
-    const std::int32_t top = NearestPixel(CurrentY);
+    const auto [left, top] = PixelAt(CurrentX, CurrentY);
     const bool isInside = left < width_ && top < height_ && top + fonts.LineHeight(Font) > 0;
     if (line.empty() || !isInside) return;
     const TextCoverage covered = fonts.Draw(line, Font, width_ - left);
-    Paint(
-        [&](PixelArea& area) { PaintCoverage(area, covered, left, top, PixelOfColor(ForeColor)); });
+    const PixelPoint corner = {left, top};
+    Paint([&](PixelArea& area) { PaintCoverage(area, covered, corner, PixelOfColor(ForeColor)); });
 }
 
 float Canvas::TextWidth(std::u16string_view text) const {
@@ -154,7 +238,7 @@ float Canvas::TextWidth(std::u16string_view text) const {
     ForEachLine(text, [&](std::u16string_view line) {
         widest = std::max(widest, fonts->Width(line, Font));
     });
-    return static_cast<float>(widest);
+    return static_cast<float>(widest * units_);
 }
 
 void Canvas::Cls() {
@@ -163,31 +247,36 @@ void Canvas::Cls() {
 }
 
 void Canvas::PaintPicture(const Pixmap& picture, float x, float y, float width, float height) {
-    const PixelRect box = {NearestPixel(x), NearestPixel(y), NearestPixel(double{x} + width),
-                           NearestPixel(double{y} + height)};
+    const PixelPoint corner = PixelAt(x, y);
+    const PixelPoint opposite = PixelAt(double{x} + width, double{y} + height);
+    const PixelRect box = {corner.x, corner.y, opposite.x, opposite.y};
     Paint([&](PixelArea& area) { PaintPixmap(area, picture, box); });
 }
 
 std::int32_t Canvas::Point(float x, float y) const {
-    const std::int32_t column = NearestPixel(x);
-    const std::int32_t row = NearestPixel(y);
+    const auto [column, row] = PixelAt(x, y);
     const bool isInside = column >= 0 && row >= 0 && column < width_ && row < height_;
     return isInside ? static_cast<std::int32_t>(image_.At(column, row)) : -1;
 }
 
 void Canvas::Ellipse(float left, float top, float right, float bottom) {
-    const PixelRect box = {NearestPixel(std::min(left, right)), NearestPixel(std::min(top, bottom)),
-                           NearestPixel(std::max(left, right)),
-                           NearestPixel(std::max(top, bottom))};
+    const PixelPoint corner = PixelAt(std::min(left, right), std::min(top, bottom));
+    const PixelPoint opposite = PixelAt(std::max(left, right), std::max(top, bottom));
+    const PixelRect box = {corner.x, corner.y, opposite.x, opposite.y};
     std::optional<std::uint32_t> inside;
     if (FillStyle == FillStyles::kSolid) inside = PixelOfColor(FillColor);
-    Paint([&](PixelArea& area) {
+    if (DrawStyle == draw_style::kNone) {
+        if (!inside) return;
+        Stroke([&](PixelArea& area) { DrawEllipse(area, box, 1, *inside, inside); });
+        return;
+    }
+    Stroke([&](PixelArea& area) {
         DrawEllipse(area, box, DrawWidth, PixelOfColor(ForeColor), inside);
     });
 }
 
 void Canvas::ExtFloodFill(float x, float y, std::int32_t color, std::int32_t mode) {
-    const PixelPoint seed = {NearestPixel(x), NearestPixel(y)};
+    const PixelPoint seed = PixelAt(x, y);
     Paint([&](PixelArea& area) {
         FloodFill(area, seed, PixelOfColor(color),
                   mode == 0 ? FloodMode::kUntilColor : FloodMode::kWithinColor,

@@ -9,6 +9,7 @@
 
 #include "data/pixmap.h"
 #include "graphics/drawing_surface.h"
+#include "graphics/pen_modes.h"
 #include "graphics/raster.h"
 #include "platform/text_raster.h"
 #include "platform/toolkit.h"
@@ -40,11 +41,21 @@ class Canvas : public DrawingSurface, public CanvasImage {
     void SetPicture(Pixmap picture);
     const Pixmap& Picture() const { return picture_; }
     TextStyle Font;
+    // How lines, boxes, ellipses and dots meet what is there; see pen_modes.h. Text, pictures and flood
+    // fills always cover it.
+    std::int16_t DrawMode = draw_mode::kCopy;
+    // Lines and boxes of width 1 may be broken; ellipses are drawn whole, or without an outline.
+    std::int16_t DrawStyle = draw_style::kSolid;
+
+    // How many units of the surface a pixel is long: coordinates and lengths are told in these units, the
+    // pen's width stays in pixels. The current point stays where it is. units: above 0.
+    void SetUnitsInPixel(double units);
+    float UnitsInPixel() const override { return static_cast<float>(units_); }
 
     std::u16string ObjectName() const override { return name_; }
     bool IsWindow() const override { return isWindow_; }
-    float ScaleWidth() const override { return static_cast<float>(width_); }
-    float ScaleHeight() const override { return static_cast<float>(height_); }
+    float ScaleWidth() const override { return static_cast<float>(width_ * units_); }
+    float ScaleHeight() const override { return static_cast<float>(height_ * units_); }
     void Line(float x, float y, std::int32_t color) override;
     void Box(float x, float y, std::int32_t color, bool isFilled) override;
     void PSet(float x, float y, std::int32_t color) override;
@@ -66,12 +77,29 @@ class Canvas : public DrawingSurface, public CanvasImage {
     std::int32_t backColor_ = 0xFFFFFF;
     Pixmap image_;  // as large as the canvas ever was
     Pixmap picture_;
+    Pixmap
+        stroke_;  // where a stroke is drawn by itself before it is mixed in; empty between strokes
     PixelRect changed_;
+    double units_ = 1;
     bool isRefreshAsked_ = false;
 
     // Runs a raster operation on the visible part and notes what it changed.
     template <class Operation>
     void Paint(Operation&& operation);
+    // The same for what the pen draws: DrawMode counts.
+    template <class Operation>
+    void Stroke(Operation&& operation);
+    template <class Operation>
+    PixelRect DrawByItself(Operation&& operation);
+    template <class Keep>
+    void MixIn(const PixelRect& part, Keep&& keep);
+    // A line between places in pixels in the pen's mode and style.
+    void StrokeLine(double fromX, double fromY, double toX, double toY, std::uint32_t color);
+    void StrokeBox(PixelPoint one, PixelPoint other, std::uint32_t color);
+    double InPixels(double length) const { return length / units_; }
+    PixelPoint PixelAt(double x, double y) const {
+        return {NearestPixel(InPixels(x)), NearestPixel(InPixels(y))};
+    }
     void Grow(std::int32_t width, std::int32_t height);
     void Erase();
     void MoveTo(float x, float y);

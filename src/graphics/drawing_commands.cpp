@@ -90,8 +90,9 @@ void StampAt(const Word& place, Pair factors) {
     if (drawing.DrawTarget == nullptr || drawing.TurtleObject == nullptr) return;
     DrawingSurface& surface = *drawing.DrawTarget;
     const TurtleSprite& turtle = *drawing.TurtleObject;
-    const auto width = static_cast<float>(turtle.Picture().width);
-    const auto height = static_cast<float>(turtle.Picture().height);
+    const float units = surface.UnitsInPixel();
+    const float width = static_cast<float>(turtle.Picture().width) * units;
+    const float height = static_cast<float>(turtle.Picture().height) * units;
     // Kept: half of the size that the picture has without the factors.
     const Pair corner =
         place.IsEmpty() ? Pair{surface.CurrentX - width / 2, surface.CurrentY - height / 2} : given;

@@ -33,6 +33,8 @@ class DrawingSurface {
     virtual bool IsWindow() const = 0;
     virtual float ScaleWidth() const = 0;
     virtual float ScaleHeight() const = 0;
+    // How many of its units a pixel is long.
+    virtual float UnitsInPixel() const { return 1; }
 
     // A line from the current point, which moves to its end.
     virtual void Line(float x, float y, std::int32_t color) = 0;

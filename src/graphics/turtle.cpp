@@ -95,12 +95,17 @@ void RefreshIcon() {
     drawing.TurtleObject->SetPicture(TurtlePicture(number));
 }
 
+WalkStep StepOf(double distance) {
+    const double angle = settings.TurtleDirection * kRadiansInDegree;
+    return {distance * std::cos(angle), -distance * std::sin(angle)};
+}
+
 void Forward(double distance) {
     if (drawing.DrawTarget == nullptr) return;
     DrawingSurface& surface = *drawing.DrawTarget;
-    const double angle = settings.TurtleDirection * kRadiansInDegree;
-    const float x = ToSingle(surface.CurrentX + distance * std::cos(angle));
-    const float y = ToSingle(surface.CurrentY - distance * std::sin(angle));
+    const WalkStep step = StepOf(distance);
+    const float x = ToSingle(surface.CurrentX + step.x);
+    const float y = ToSingle(surface.CurrentY + step.y);
     if (settings.PenDown) {
         surface.Line(x, y, settings.TurtleColor);
     } else {

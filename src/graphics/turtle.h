@@ -20,6 +20,13 @@ std::int32_t TurtlePictureNumber(float direction);
 // Gives the turtle the picture of its direction, unless it has a picture of the script's own.
 void RefreshIcon();
 
+// How far a walk in the turtle's direction leads; y grows downward.
+struct WalkStep {
+    double x = 0;
+    double y = 0;
+};
+WalkStep StepOf(double distance);
+
 // Walks in the turtle's direction, pixels; draws when the pen is down. Pumps events at its end.
 void Forward(double distance);
 

@@ -15,8 +15,12 @@ void InitObjectSystem();
 // The end of a run: every window is taken off the screen.
 void CloseObjectSystem();
 
-// 作れ, 使う and 表示: makes a window, menu entry or control from a word. show: it becomes visible.
-void MakeObject(std::u16string_view word, std::u16string_view alias, bool show);
+// Makes ウィンドウ０ anew, as a record; it takes the place of what the state holds of none.
+void LoadFirstWindow();
+
+// 作れ, 使う and 表示: makes a window, menu entry or control from a word. show: it becomes visible. False
+// when nothing was made, which has been reported.
+bool MakeObject(std::u16string_view word, std::u16string_view alias, bool show);
 
 WindowPtr CreateWindowObject(std::u16string_view word, std::u16string_view alias, bool show);
 
@@ -38,7 +42,8 @@ void RemoveObject(const ObjectPtr& object);
 // names. When it is the last one that was shown, the run is stopped.
 void CloseWindow(const WindowPtr& window, bool byUser);
 
-// Gives `fresh` the name, container, place, font, tool tip and background of `old`.
+// Gives `fresh` the name, container, place, font, tool tip and background of `old`, which is then
+// unloaded; fresh becomes ThatObject, and この where old was it.
 void ReplaceControl(const ObjectPtr& old, const ObjectPtr& fresh);
 
 }  // namespace velm

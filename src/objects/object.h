@@ -82,9 +82,8 @@ class Object : public std::enable_shared_from_this<Object>, public ControlListen
     const Pixmap& Picture() const { return picture_; }
     // The file that the picture came from.
     std::u16string pictureFile;
-    std::u16string tag;  // member Tag
-    // Of a window: the kind of text that an old name leads to; see ReplaceControl.
-    bool isTemplate = false;  // element 0: never shown
+    std::u16string tag;       // member Tag
+    bool isTemplate = false;  // element 0 of an array: never shown, never unloaded by a script
 
     // The toolkit's control, made at the first need. Throws Failure when there is no toolkit.
     ToolkitControl& Control();
@@ -100,10 +99,24 @@ class Object : public std::enable_shared_from_this<Object>, public ControlListen
     bool OnEvent(const ControlEvent& event) override;
 
   protected:
+    // Makes the toolkit's control in its first look. Throws Failure.
+    virtual std::unique_ptr<ToolkitControl> MakeControl();
+
     std::unique_ptr<ToolkitControl> control_;
     std::unique_ptr<ObjectCanvas> canvas_;
 
   private:
+    // What serves a member that isn't served here.
+    MemberSurface& Outside();
+    bool GetOwn(std::u16string_view member, MemberValue& value);
+    bool SetOwn(std::u16string_view member, const MemberValue& value);
+    bool CallOwn(std::u16string_view member, const MemberArguments& arguments);
+    bool HasPlace() const;
+    std::int32_t PixelsOf(const MemberValue& value) const;
+    void SetSide(std::u16string_view member, const MemberValue& value);
+    void Move(const MemberArguments& arguments);
+    void LeaveWindow();
+
     ControlClass class_;
     std::u16string name_;
     std::int32_t index_;
@@ -112,6 +125,7 @@ class Object : public std::enable_shared_from_this<Object>, public ControlListen
     std::weak_ptr<Object> container_;
     std::unique_ptr<MemberSurface> surface_;
     Pixmap picture_;
+    PixelBox box_;  // while there is no control
     bool isUnloaded_ = false;
 };
 
@@ -129,7 +143,7 @@ struct xxMenuCls {
     bool Visible = true;
     bool isSubMenu = false;
     bool isSeparator = false;
-    std::int32_t depth = 0;  // 0: on the bar
+    std::int32_t parent = -1;  // place in MenuInfo of the sub-menu that it stands in; -1: the bar
 };
 
 class Window : public Object {
@@ -152,19 +166,26 @@ class Window : public Object {
     std::vector<ObjectPtr> Controls;
     // The element of an array; nullptr when it isn't loaded.
     ObjectPtr Element(std::u16string_view array, std::int32_t index) const;
+    // The control of a name of its own; nullptr when there is none.
+    ObjectPtr RunTimeControl(std::u16string_view name) const;
     // The turtle's picture, element 0 of MainIcon.
-    ObjectPtr MainIcon();
+    ObjectPtr MainIcon() const;
 
     std::int16_t TimerInEvent = 0;
-    bool RgnFlag = false;  // a window with a shape
-    std::int32_t scaleMode = scale_mode::kPixel;
-    bool keepOpen = false;  // 閉じない was said: the close under way is cancelled
-    bool isShown = false;   // Show was called
+    bool RgnFlag = false;    // a window with a shape
+    bool isShown = false;    // it was shown once; hiding it changes nothing here
+    bool isClosing = false;  // its closing procedure runs
 
     std::vector<xxMenuCls> MenuInfo;  // in the order of the entries
+    std::vector<std::int32_t>
+        openMenus;  // places in MenuInfo of the levels that new entries go into
     bool hasMenuBar = false;
+    bool hasChangedMenus = false;  // the toolkit shows older ones
 
     void Unload() override;
+
+  protected:
+    std::unique_ptr<ToolkitControl> MakeControl() override;
 };
 
 // Everything process-wide about objects; InitObjectSystem sets it to what a run starts with.
@@ -179,6 +200,8 @@ struct ObjectState {
     ObjectPtr DrawTarget;
     ObjectPtr TurtleObject;
     std::int32_t WindowCount = 1;
+    // 閉じない was said: the close by the user that is under way, or the next one, is cancelled.
+    bool KeepOpen = false;
     bool HostedMode = false;
     // Every window that is loaded, the first one in front.
     std::vector<WindowPtr> Windows;
@@ -189,7 +212,12 @@ struct ObjectState {
 
 extern ObjectState objects;
 
-// Sets a member of ObjectState together with what the drawing commands see of it.
+// Drops what the state holds of an object that is being unloaded. A window takes the place of a current
+// one that goes.
+void ForgetObject(const Object& object);
+
+// Sets a member of ObjectState together with what the drawing commands see of it. An object that was
+// unloaded isn't taken.
 void SetCurrentWindow(const WindowPtr& window);
 void SetDrawTarget(const ObjectPtr& target);
 void SetTurtleObject(const ObjectPtr& turtle);

@@ -1,10 +1,16 @@
 // The commands that act on an object and are no property sentence.
 #pragma once
 
+#include <string>
+
 #include "core/execute.h"
 #include "core/statement.h"
+#include "objects/object.h"
 
 namespace velm {
+
+// The name that として gives, with or without 「」.
+std::u16string AliasWord(Statement& statement);
 
 // Names and focus: object_names_commands.cpp.
 void CmdUse(Statement& statement, Context& context);
@@ -31,6 +37,9 @@ void CmdPrint(Statement& statement, Context& context);
 void CmdAddItem(Statement& statement, Context& context);
 void CmdInsert(Statement& statement, Context& context);
 void CmdAdvance(Statement& statement, Context& context);
+
+// 選択ウィンドウ, made at its first use; nullptr without a toolkit. その stays what it is.
+ObjectPtr DialogsObject();
 
 // クリア of the surface, an object or all objects: the core's hook.
 void ClearObject(Statement& statement);

@@ -7,6 +7,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/word.h"
 #include "data/value.h"
@@ -39,6 +40,9 @@ struct PropertyRow {
 };
 using PropertyTable = std::span<const PropertyRow>;
 
+// The row of a word; nullptr when the table has none.
+const PropertyRow* FindPropertyRow(PropertyTable rows, std::u16string_view word);
+
 // What serves an object: its own rows, whether the common rows come behind them, and, for paths such as
 // 3番目の幅, a handler that is asked before all rows; it answers whether it took the word.
 struct PropertyHandler {
@@ -52,18 +56,28 @@ struct PropertyHandler {
 const PropertyHandler* AssignPropertyHandler(const Object& object);
 
 void SetProperty(std::u16string_view path, const Word& value);
-// notHandled: no table and no member knew the word. quiet: a failed read reports nothing.
+// notHandled: no table and no member knew the word, or there is no such object. quiet: a failed read
+// reports nothing.
 Value GetProperty(std::u16string_view path, std::u16string_view argument, bool& notHandled,
                   bool quiet);
-// Looks only: nothing is reported or made.
-ObjectPtr SplitPropertyPath(std::u16string_view path, std::u16string& objectName,
+// Whether a path names a property that can be set: of an object that is there, or of a word that stands
+// for one. Only behind その, この and other words that begin so the object must know the property, since
+// variables begin so as well. Nothing is reported or made.
+bool IsProperty(std::u16string_view path);
+// The object of a path, with its name and the property word. Makes nothing. quiet: reports nothing;
+// otherwise そ and こ names without an object are reported (90).
+ObjectPtr SplitPropertyPath(std::u16string_view path, bool quiet, std::u16string& objectName,
                             std::u16string& propertyName);
 
-// The common rows. Return whether the word was theirs.
+// The common rows: whether a word is one of theirs in either direction, and access by them, which tells
+// whether the word was theirs.
+bool IsCommonProperty(std::u16string_view word);
 bool SetCommonProperty(Object& object, const PropertyRecord& record, PropertyResult& result);
 bool GetCommonProperty(Object& object, const PropertyRecord& record, PropertyResult& result);
 
-// Words that are no objects: メディア, メニュー, タスクトレイ, 呼び出し元 …
+// Whether an object word is one of those that are no objects: メニュー, タスクトレイ, 呼び出し元.
+bool IsSpecialObject(std::u16string_view objectName);
+// Their properties. Throws Failure(438) for a word that they don't know.
 Value SpecialObjectProperty(bool isGet, std::u16string_view objectName,
                             const PropertyRecord& record, bool& notFound);
 
@@ -72,9 +86,10 @@ Value SpecialObjectProperty(bool isGet, std::u16string_view objectName,
 std::int32_t EnumIndexOf(const Value& text, std::span<const std::u16string_view> names);
 // The name at the position, else the number.
 Value EnumNameOf(std::int32_t number, std::span<const std::u16string_view> names);
-Value BoolText(bool flag);
-// Cuts "a,b[,c,d]" into numbers; a missing part leaves its target. Each part is evaluated when the value
-// as written has a comma outside brackets, otherwise the evaluated text is cut. Returns how many parts.
+// Cuts a list such as "a,b[,c,d]" at the commas outside brackets. Each part is evaluated when the value as
+// written has such a comma, otherwise the evaluated text is cut.
+std::vector<Value> SplitValues(const PropertyRecord& record);
+// The same as numbers; a part that is missing or no number leaves its target. Returns how many parts.
 std::size_t SplitCoordinates(const PropertyRecord& record, std::span<double> outputs);
 
 // The rows of each class, one file a subject.
@@ -84,6 +99,7 @@ extern const PropertyHandler kTextProperties;
 extern const PropertyHandler kRichTextProperties;
 extern const PropertyHandler kButtonProperties;
 extern const PropertyHandler kListProperties;
+extern const PropertyHandler kDropDownProperties;
 extern const PropertyHandler kScrollBarProperties;
 extern const PropertyHandler kCheckProperties;
 extern const PropertyHandler kImageProperties;

@@ -19,8 +19,12 @@ ObjectPtr ResolveObject(std::u16string_view name, bool quiet);
 ObjectPtr FindPluginObject(std::u16string_view name, bool quiet);
 
 // The window of a window word and its number, which becomes CurrentWindow and ThatObject; nullptr when
-// there is none.
-WindowPtr WindowByName(std::u16string_view name);
+// there is none. quiet: as above.
+WindowPtr WindowByName(std::u16string_view name, bool quiet = false);
+
+// The number that a name has behind its kind word; 0 for what is no number, or none of 16 bits. quiet:
+// nothing is reported, and no procedure of the script runs.
+std::int32_t NumberBehind(std::u16string_view rest, bool quiet);
 
 // Cuts a window word and the rest; kind -1 when the name begins with none.
 struct WindowName {

@@ -35,6 +35,9 @@ class Desktop {
     // The number of the main window's mouse pointer, as the table of pointer words counts them.
     virtual std::int32_t MainWindowPointer();
 
+    // The mouse pointer over all windows of the process by its number; 0 brings back the pointers of the
+    // windows.
+    virtual void SetScreenPointer(std::int32_t pointer);
     // Shows the hourglass while something long runs, or the usual pointer again.
     virtual void ShowWaitPointer(bool on);
     virtual std::u16string ClipboardText();

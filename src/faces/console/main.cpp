@@ -15,6 +15,7 @@
 #include "data/text.h"
 #include "data/utf.h"
 #include "faces/console/console_dialogs.h"
+#include "objects/object_system.h"
 #include "platform/files.h"
 #include "platform/startup.h"
 
@@ -100,6 +101,7 @@ int Main(int count, char** words) {
     ConsoleDialogs dialogs;
     SetDialogs(&dialogs);
     TheEngine();
+    InstallObjectSystem();
     if (count == 2 && first == "--list-rows") {
         ListRows(stdout);
         return 0;

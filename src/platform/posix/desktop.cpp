@@ -21,6 +21,7 @@ std::vector<std::u16string> Desktop::Fonts() { FailWithoutDisplay(); }
 std::vector<std::u16string> Desktop::WindowTitles() { FailWithoutDisplay(); }
 std::u16string Desktop::ActiveWindowTitle() { FailWithoutDisplay(); }
 std::int32_t Desktop::MainWindowPointer() { FailWithoutDisplay(); }
+void Desktop::SetScreenPointer(std::int32_t) {}
 void Desktop::ShowWaitPointer(bool) {}
 std::u16string Desktop::ClipboardText() { return clipboard_; }
 void Desktop::SetClipboardText(const std::u16string& text) { clipboard_ = text; }
