@@ -242,7 +242,7 @@ void FnTableMap(Value& result, Arguments& arguments) {
     Word positionWord;
     Word expression;
     arguments.SplitRaw(tableWord, positionWord, expression);
-    SetScreenPointer(kHourglass);
+    ShowPointer(kHourglass);
     const std::u16string text = EvalWord(tableWord).Text();
     const std::u16string positionText = EvalWord(positionWord).Text();
     // Kept: a row that is too short ends the function here, and leaves the hourglass.
@@ -253,7 +253,7 @@ void FnTableMap(Value& result, Arguments& arguments) {
     } else {
         result = MapList(text, Trim(expression.Text()));
     }
-    SetScreenPointer(kPlainPointer);
+    ShowPointer(kPlainPointer);
 }
 
 }  // namespace velm

@@ -62,7 +62,7 @@ void FnTableSearch(Value& result, Arguments& arguments) {
     std::int16_t column = 0;
     std::u16string option;
     arguments.Split(table, find, column, option);
-    SetScreenPointer(kHourglass);
+    ShowPointer(kHourglass);
     const TableColumn items(table.Text(), column);
     const std::u16string wanted = EscapeItem(find);
     const bool whole = option == kWholeItem;
@@ -70,7 +70,7 @@ void FnTableSearch(Value& result, Arguments& arguments) {
     ForEachItem(items.Count(), [&](std::size_t i) {
         if (whole ? items[i] == wanted : Contains(items[i], wanted)) AppendPlace(places, i);
     });
-    SetScreenPointer(kPlainPointer);
+    ShowPointer(kPlainPointer);
     result = Value(std::move(places));
 }
 

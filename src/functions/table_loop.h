@@ -13,7 +13,7 @@ namespace velm {
 inline constexpr int kHourglass = 11;
 inline constexpr int kPlainPointer = 0;
 
-inline void SetScreenPointer(int pointer) {
+inline void ShowPointer(int pointer) {
     if (hooks.SetScreenPointer != nullptr) hooks.SetScreenPointer(pointer);
 }
 

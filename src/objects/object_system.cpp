@@ -20,6 +20,8 @@ namespace {
 
 constexpr std::u16string_view kOf = u"の";
 constexpr std::u16string_view kOnTop = u"常に手前";
+// What is left of it as a bare word, since its に is a particle.
+constexpr std::u16string_view kOnTopCut = u"手前";
 
 // A word without の is nobody's property; most words that are asked for are such.
 bool ReadProperty(std::u16string_view path, std::u16string_view arguments, Value& value) {
@@ -57,7 +59,8 @@ bool ShowWindowOf(Statement& statement, std::u16string_view word) {
     objects.ThatObject = window;
     const std::u16string& how = statement.DeArg.Text();
     const bool isModal = how == u"モーダル" || how == u"ダイアログ";
-    ShowWindowAs(*window, isModal, statement.HeArg.Text() == kOnTop);
+    const std::u16string& where = statement.HeArg.Text();
+    ShowWindowAs(*window, isModal, where == kOnTop || where == kOnTopCut);
     return true;
 }
 

@@ -209,7 +209,8 @@ const PropertyHandler* AssignPropertyHandler(const Object& object) {
         case ControlClass::kHorizontalScrollBar: return &kScrollBarProperties;
         case ControlClass::kCheck:
         case ControlClass::kOption: return &kCheckProperties;
-        case ControlClass::kImage: return &kImageProperties;
+        case ControlClass::kImage:
+        case ControlClass::kTurtle: return &kImageProperties;
         case ControlClass::kTimer: return &kTimerProperties;
         case ControlClass::kLabel: return &kLabelProperties;
         case ControlClass::kFrame: return &kFrameProperties;

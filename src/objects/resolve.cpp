@@ -2,7 +2,6 @@
 #include "objects/resolve.h"
 
 #include <algorithm>
-#include <optional>
 
 #include "core/diagnostics.h"
 #include "core/eval.h"
@@ -190,10 +189,6 @@ void FindOrMakeCanonical(Search& search) {
 std::int32_t NumberBehind(std::u16string_view rest, bool quiet) {
     std::int32_t number = 0;
     Attempt([&] {
-        if (const std::optional<double> plain = ParseNumber(rest)) {
-            number = ToInt16(*plain);
-            return;
-        }
         const Word word = CachedWord(Trim(rest));
         if (word.IsEmpty() || (quiet && !IsSilent(word))) return;
         number = ToInt16(EvalNumber(word));

@@ -6,13 +6,14 @@
 #include <sys/sysmacros.h>
 
 #include <algorithm>
+#include <charconv>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <sstream>
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <vector>
 
 #include "data/failure.h"
 #include "data/utf.h"
@@ -32,31 +33,44 @@ struct Mount {
     std::string source;
 };
 
-// A line of the table: fields up to the mount point, options, "-", type, source.
+// The parts of a line between its blanks.
+std::vector<std::string_view> FieldsOf(std::string_view line) {
+    std::vector<std::string_view> fields;
+    while (!line.empty()) {
+        const std::size_t end = std::min(line.find(' '), line.size());
+        if (end != 0) fields.push_back(line.substr(0, end));
+        line.remove_prefix(std::min(end + 1, line.size()));
+    }
+    return fields;
+}
+
+// A line of the table: four fields, the mount point, options, "-", type, source. The last one for the
+// root lies on top of the others.
 Mount RootMount() {
+    constexpr std::size_t kPoint = 4;
     std::ifstream table(kMounts);
     Mount root;
     for (std::string line; std::getline(table, line);) {
-        std::istringstream fields(line);
-        std::string id, parent, device, inside, point, field;
-        fields >> id >> parent >> device >> inside >> point;
-        if (point != kRoot) continue;
-        while (fields >> field && field != "-") {
-        }
-        fields >> root.type >> root.source;
+        const std::vector<std::string_view> fields = FieldsOf(line);
+        const auto mark = std::find(fields.begin(), fields.end(), "-");
+        const bool isRoot = fields.size() > kPoint && fields[kPoint] == kRoot;
+        if (isRoot && fields.end() - mark > 2) root = {std::string(mark[1]), std::string(mark[2])};
     }
     return root;
 }
 
-// Names in the table of labels write blanks and others as \x20.
+// Names in the folder of labels write blanks and others as \x20.
 std::string Unescaped(std::string_view name) {
+    constexpr std::size_t kEscape = 4;
     std::string text;
     for (std::size_t i = 0; i < name.size(); ++i) {
-        const bool isEscape = name[i] == '\\' && i + 3 < name.size() && name[i + 1] == 'x';
-        text += isEscape
-                    ? static_cast<char>(std::stoi(std::string(name.substr(i + 2, 2)), nullptr, 16))
-                    : name[i];
-        if (isEscape) i += 3;
+        unsigned char byte = 0;
+        const std::string_view rest = name.substr(i, kEscape);
+        const bool isEscape =
+            rest.starts_with("\\x") && rest.size() == kEscape &&
+            std::from_chars(rest.data() + 2, rest.data() + kEscape, byte, 16).ec == std::errc();
+        text += isEscape ? static_cast<char>(byte) : name[i];
+        if (isEscape) i += kEscape - 1;
     }
     return text;
 }

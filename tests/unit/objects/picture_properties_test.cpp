@@ -2,7 +2,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "data/utf.h"
+#include "data/failure.h"
 #include "objects/object_canvas.h"
 #include "platform/files.h"
 #include "unit/objects/control_test.h"
@@ -173,10 +173,21 @@ TEST_F(PictureProperties, WhatCannotBeLoadedIsReported) {
     Do(u"ピクチャー1の絵は C:\\a.bmp");
     EXPECT_EQ(run.ErrorNumber, 204);
     EXPECT_EQ(installed.dialogs.reported.back().style & box::kIcons, kIconWarning);
+}
+
+TEST_F(PictureProperties, WhatIsNoPictureIsReportedByItsKind) {
     const std::u16string png = MakeFile("broken.png", kPng, Pixmap());
-    toolkit.pictures.erase(png);
+    const std::u16string bmp = MakeFile("broken.bmp", "BM", Pixmap());
+    toolkit.pictures.clear();
+    toolkit.pictureFailure = 481;
     Do(u"ピクチャー1の絵は " + Quoted(png));
-    EXPECT_NE(run.ErrorNumber, 0);
+    EXPECT_EQ(run.ErrorNumber, 502);
+    EXPECT_NE(run.ErrorText.find(u"481:"), run.ErrorText.npos);
+    EXPECT_EQ(installed.dialogs.reported.back().style & box::kIcons, kIconStop);
+    Do(u"ピクチャー1の絵は " + Quoted(bmp));
+    EXPECT_EQ(run.ErrorNumber, 999);
+    EXPECT_NE(run.ErrorText.find(FailureDescription(481)), run.ErrorText.npos);
+    EXPECT_EQ(installed.dialogs.reported.back().style & box::kIcons, kIconWarning);
     EXPECT_EQ(Read(u"ピクチャー1の絵"), u"");
 }
 

@@ -226,14 +226,14 @@ std::unique_ptr<MemberSurface> RecordingToolkit::MakePrinter() {
 Pixmap RecordingToolkit::LoadPicture(const std::u16string& path) {
     notes.push_back(u"LoadPicture " + path);
     const auto found = pictures.find(path);
-    if (found == pictures.end()) throw Failure(failure::kFileNotFound);
+    if (found == pictures.end()) throw Failure(pictureFailure);
     return found->second;
 }
 
 Pixmap RecordingToolkit::LoadIcon(const std::u16string& path, std::int32_t index, bool isSmall) {
     notes.push_back(u"LoadIcon " + path + u"," + TextOf(index) + (isSmall ? u",small" : u",large"));
     const auto found = pictures.find(path);
-    if (found == pictures.end()) throw Failure(failure::kFileNotFound);
+    if (found == pictures.end()) throw Failure(pictureFailure);
     return found->second;
 }
 

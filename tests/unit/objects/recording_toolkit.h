@@ -191,8 +191,9 @@ class RecordingToolkit : public Toolkit, public TrayIcon {
     std::vector<void (*)()> atPump;
     // Called by the members Show of windows and ShowOpen … of the dialogs.
     void (*whenCalled)(RecordedMembers& object, std::u16string_view member) = nullptr;
-    // Files that can be loaded as a picture or icon. Others fail with 53.
+    // Files that can be loaded as a picture or icon. Others fail with this number.
     std::map<std::u16string, Pixmap> pictures;
+    int pictureFailure = 53;
     bool hasTrayIcon = false;
     std::u16string trayTip;
     std::u16string balloon;
