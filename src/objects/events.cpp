@@ -171,6 +171,13 @@ const EventClass* EventsOf(ControlClass which) {
     }
 }
 
+// Kept: a hidden window's checks and sizes tell nothing.
+bool IsVisible(Window& window) {
+    bool isVisible = false;
+    Attempt([&] { isVisible = window.HasControl() && window.GetBool(u"Visible"); });
+    return isVisible;
+}
+
 // A point in the unit of the object's own surface, or of what it stands in. Kept: a window's events and
 // its controls' overwrite each other's.
 void StorePoint(Object& object, const ControlEvent& event) {
@@ -228,7 +235,7 @@ void ControlSender::Click() {
     switch (events_.clicks) {
         case Clicks::kPlain: Run(kClick); break;
         case Clicks::kWhileVisible:
-            if (window_->isShown) Run(kClick);
+            if (IsVisible(*window_)) Run(kClick);
             break;
         case Clicks::kFrame:
             Run(kClick);
@@ -379,7 +386,7 @@ bool DispatchToWindow(const WindowPtr& window, const ControlEvent& event) {
             Form_KeyUp(*window, event.code, event.shift);
             break;
         case EventKind::kResize:
-            if (window->isShown) WindowEvent(*window, kResized);
+            if (IsVisible(*window)) WindowEvent(*window, kResized);
             break;
         case EventKind::kDragOver: return true;
         case EventKind::kDrop: WindowDrop(window, event); break;

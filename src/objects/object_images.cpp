@@ -92,7 +92,9 @@ void ReportFailure(const PictureWord& word, std::u16string_view extension) {
     const std::u16string text = pendingFailure.description;
     const int number = pendingFailure.number;
     pendingFailure.Clear();
-    if (IsMissing(number) || IsProgram(extension)) {
+    // Without a toolkit nobody has looked for the file yet.
+    const bool isUnread = number == failure::kNoSuchMember && !PathExists(word.file);
+    if (IsMissing(number) || isUnread || IsProgram(extension)) {
         RaiseError(kNotFoundError, kIconStop, word.file, u"", -1);
     } else if (extension == u"png") {
         const std::u16string detail = FormatNumber(number) + u":" + text;

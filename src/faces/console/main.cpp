@@ -17,7 +17,9 @@
 #include "faces/console/console_dialogs.h"
 #include "objects/object_system.h"
 #include "platform/files.h"
+#include "platform/posix/toolkit_module.h"
 #include "platform/startup.h"
+#include "platform/toolkit.h"
 
 namespace velm {
 namespace {
@@ -100,6 +102,7 @@ int Main(int count, char** words) {
     IgnoreClosedPipes();
     ConsoleDialogs dialogs;
     SetDialogs(&dialogs);
+    SetToolkitStarter(LoadToolkitModule);
     TheEngine();
     InstallObjectSystem();
     if (count == 2 && first == "--list-rows") {

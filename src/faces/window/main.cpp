@@ -6,16 +6,18 @@
 #include <string_view>
 #include <system_error>
 
-#include "core/hooks.h"
 #include "core/run_state.h"
 #include "core/stack_guard.h"
 #include "core/velm.h"
 #include "data/utf.h"
 #include "data/width.h"
 #include "faces/window/choose_script.h"
+#include "objects/object_system.h"
 #include "platform/files.h"
 #include "platform/qt/qt_application.h"
 #include "platform/qt/qt_dialogs.h"
+#include "platform/qt/qt_toolkit.h"
+#include "platform/toolkit.h"
 
 namespace velm {
 namespace {
@@ -78,7 +80,8 @@ int Main(int count, char** words) {
     const ApplicationPointer application = StartApplication();
     QtDialogs dialogs;
     SetDialogs(&dialogs);
-    hooks.PumpEvents = PumpApplication;
+    SetToolkitStarter(StartQtToolkit);
+    InstallObjectSystem();
     if (ToLower(line.substr(0, kRunForm.size())) == kRunForm) {
         TheEngine().RunFile(line.substr(kRunForm.size()), false);
     } else if (isRuntime) {

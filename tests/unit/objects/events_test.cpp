@@ -175,7 +175,7 @@ TEST_F(EventsTest, ACheckTellsItsClickOnlyWhileTheWindowIsVisible) {
     Run(u"チェック1を作る" + Procedure(u"チェック1をクリック", u"c"));
     Fire(Named(u"チェック1"), EventKind::kClick);
     EXPECT_EQ(Record(), u"");
-    objects.CurrentWindow->isShown = true;
+    objects.CurrentWindow->Set(u"Visible", true);
     Fire(Named(u"チェック1"), EventKind::kClick);
     EXPECT_EQ(Record(), u"c");
 }
@@ -317,10 +317,10 @@ TEST_F(EventsTest, WindowEvents) {
     Window& window = *objects.CurrentWindow;
     Fire(window, EventKind::kClick);
     Fire(window, EventKind::kDoubleClick);
-    window.isShown = false;
+    window.Set(u"Visible", false);
     Fire(window, EventKind::kResize);
     EXPECT_EQ(Take(), u"12");
-    window.isShown = true;
+    window.Set(u"Visible", true);
     Fire(window, EventKind::kResize);
     Fire(window, Mouse(EventKind::kMouseDown, mouse_button::kLeft, 5, 6));
     Fire(window, Mouse(EventKind::kMouseMove, 0));
