@@ -13,12 +13,14 @@
 #include <iterator>
 
 #include "platform/qt/japanese_texts.h"
+#include "platform/qt/qt_frames.h"
 
 namespace velm {
 
 namespace {
 
 constexpr int kStatusNoDisplay = 2;
+constexpr const char* kPlatformVariable = "QT_QPA_PLATFORM";
 constexpr QLatin1String kGenericFont("Sans Serif");
 // The first that is there.
 constexpr QLatin1String kJapaneseFonts[] = {
@@ -64,16 +66,12 @@ void ChooseJapaneseFont() {
     QApplication::setFont(font);
 }
 
-}  // namespace
-
-void ApplicationDeleter::operator()(QApplication* application) const { delete application; }
-
-ApplicationPointer StartApplication() {
+ApplicationPointer MakeApplication(QtMessageHandler onMessage) {
     // The toolkit keeps references to both for as long as it lives.
     static int count = 1;
     static char name[] = "velmscript";
     static char* words[] = {name, nullptr};
-    const QtMessageHandler usual = qInstallMessageHandler(OnStartMessage);
+    const QtMessageHandler usual = qInstallMessageHandler(onMessage);
     ApplicationPointer application(new QApplication(count, words));
     qInstallMessageHandler(usual);
     ChooseJapaneseFont();
@@ -84,6 +82,35 @@ ApplicationPointer StartApplication() {
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setDesktopFileName(QStringLiteral("velmscript"));
     InstallJapaneseTexts(*application);
+    StartFrames();
+    return application;
+}
+
+// The displays to try in their order; the last one is always there.
+QByteArray DisplaysToTry() {
+    const bool prefersWayland = qgetenv("XDG_SESSION_TYPE") == "wayland";
+    QByteArrayList displays;
+    if (qEnvironmentVariableIsSet("DISPLAY")) displays += "xcb";
+    if (qEnvironmentVariableIsSet("WAYLAND_DISPLAY")) {
+        displays.insert(prefersWayland ? 0 : displays.size(), "wayland");
+    }
+    displays += "offscreen";
+    return displays.join(';');
+}
+
+}  // namespace
+
+void ApplicationDeleter::operator()(QApplication* application) const { delete application; }
+
+ApplicationPointer StartApplication() { return MakeApplication(OnStartMessage); }
+
+ApplicationPointer StartApplicationAnywhere() {
+    const auto ignore = [](QtMsgType, const QMessageLogContext&, const QString&) {};
+    if (qEnvironmentVariableIsSet(kPlatformVariable)) return MakeApplication(ignore);
+    qputenv(kPlatformVariable, DisplaysToTry());
+    ApplicationPointer application = MakeApplication(ignore);
+    // Programs that the script starts choose for themselves.
+    qunsetenv(kPlatformVariable);
     return application;
 }
 
@@ -94,6 +121,7 @@ void PumpApplication() {
     if (now.tv_nsec == last.tv_nsec && now.tv_sec == last.tv_sec) return;
     last = now;
     QCoreApplication::processEvents();
+    ShowDueFrame();
 }
 
 }  // namespace velm

@@ -17,8 +17,12 @@ using ApplicationPointer = std::unique_ptr<QApplication, ApplicationDeleter>;
 // and ends the process with status 2.
 ApplicationPointer StartApplication();
 
-// Delivers waiting events; they are looked for once a tick of the system's coarse clock (some
-// milliseconds), so that a loop may call it on each pass for a few nanoseconds.
+// The same for a program that needs no display: without one the windows are kept off screen.
+ApplicationPointer StartApplicationAnywhere();
+
+// Delivers waiting events and shows what was drawn, at most once a frame. Both are looked for once a tick
+// of the system's coarse clock (some milliseconds), so that a loop may call it on each pass for a few
+// nanoseconds.
 void PumpApplication();
 
 }  // namespace velm

@@ -5,6 +5,7 @@
 #include <QFile>
 #include <QFileDialog>
 
+#include "platform/qt/file_progress.h"
 #include "platform/qt/input_box.h"
 #include "platform/qt/message_box.h"
 #include "platform/qt/qt_text.h"
@@ -40,6 +41,11 @@ std::optional<std::u16string> QtDialogs::AskText(const std::u16string& prompt,
                                                  const std::u16string& title) {
     InputBox box(prompt, preset, title, Owner());
     return box.Ask();
+}
+
+bool QtDialogs::ShowFileProgress(const std::u16string& name, std::int64_t done,
+                                 std::int64_t total) {
+    return ReportFileProgress(name, done, total);
 }
 
 FileChoice AskFile(const std::u16string& title, const std::u16string& kind,

@@ -14,6 +14,10 @@ class QtDialogs : public Dialogs {
     std::optional<std::u16string> AskText(const std::u16string& prompt,
                                           const std::u16string& preset,
                                           const std::u16string& title) override;
+    // A window that comes up once the work has lasted half a second, and goes when it is done or when
+    // nothing more is heard of it.
+    bool ShowFileProgress(const std::u16string& name, std::int64_t done,
+                          std::int64_t total) override;
 };
 
 // How the dialog that opens a file ended.

@@ -24,6 +24,12 @@ QString ToLines(std::u16string_view text) {
     return lines.replace(QLatin1Char('\r'), QLatin1Char('\n'));
 }
 
+std::u16string FromLines(const QString& text) {
+    QString lines = text;
+    lines.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    return FromQString(lines.replace(QLatin1Char('\n'), QStringLiteral("\r\n")));
+}
+
 QString ToTitle(std::u16string_view text) {
     QString title = ToLines(text.substr(0, static_cast<std::size_t>(kLongestTitle)));
     title.replace(QLatin1Char('\n'), QLatin1Char(' '));

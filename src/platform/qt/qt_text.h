@@ -14,6 +14,8 @@ std::u16string FromQString(const QString& text);
 
 // A text of lines as a text widget wants it.
 QString ToLines(std::u16string_view text);
+// And back: line ends become CR LF.
+std::u16string FromLines(const QString& text);
 
 // A text for one line of chrome, such as a window title: line ends become blanks, and what no title bar
 // could show is cut off, since a property of a window has a limit in the display's protocol.

@@ -65,8 +65,8 @@ TEST(KeyStrokes, CharactersStandForThemselves) {
 TEST(KeyStrokes, ModifiersHoldForTheNextKeyOnly) {
     EXPECT_EQ(Parsed(u"+ec"), U"S-e c");
     EXPECT_EQ(Parsed(u"^%ab"), U"C-A-a b");
-    EXPECT_EQ(Parsed(u"+{TAB}x"), U"S-<20> x");
-    EXPECT_EQ(KeyOf(u"{TAB}"), static_cast<StrokeKey>(20));
+    EXPECT_EQ(Parsed(u"+{TAB}x"), U"S-<19> x");
+    EXPECT_EQ(KeyOf(u"{TAB}"), static_cast<StrokeKey>(19));
 }
 
 TEST(KeyStrokes, GroupsHoldForAllTheirKeys) {
