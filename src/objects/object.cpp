@@ -150,7 +150,7 @@ void Object::Unload() {
     if (!IsWindow()) LeaveWindow();
     isUnloaded_ = true;
     ForgetObject(*this);
-    if (control_ != nullptr) control_->SetCanvas(nullptr);
+    if (control_ != nullptr && canvas_ != nullptr) control_->SetCanvas(nullptr);
     const std::unique_ptr<ToolkitControl> gone = std::move(control_);
     surface_.reset();
 }

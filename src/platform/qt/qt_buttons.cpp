@@ -325,6 +325,7 @@ void StartButton(QtSurface& surface) {
 void StartOption(QtSurface& surface) {
     StartButton(surface);
     surface.tellsDoubleClicks = true;
+    surface.beforeRelease = [](QtSurface& pressed) { pressed.As<OptionWidget>().TurnOn(); };
 }
 
 }  // namespace

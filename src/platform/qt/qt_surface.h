@@ -118,7 +118,9 @@ class QtSurface : public QObject {
     double fontSize = 9;  // points, where one is 4/3 pixels of the script
     std::int32_t fontCharset = 128;
     std::u16string tag;
-    std::uint64_t tabOrder;             // rises from control to control within a window
+    std::uint64_t tabOrder;  // rises from control to control within a window
+    // Called before a left release on the widget is told: what it chooses is chosen by then.
+    void (*beforeRelease)(QtSurface& surface) = nullptr;
     bool tellsClicks = false;           // the filter makes clicks of the left button
     bool tellsDoubleClicks = true;      // otherwise a second press is one more press
     bool isPlacedByInner = false;       // places are told from the corner of the inner widget

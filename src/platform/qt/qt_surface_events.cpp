@@ -152,6 +152,8 @@ bool QtSurface::OnRelease(const ControlEvent& told) {
     const bool isLeft = told.button == mouse_button::kLeft;
     const bool isInside = Place().rect().contains(QPointF(told.x, told.y).toPoint());
     const bool isClick = tellsClicks && isLeft && isPressed_ && !isDoubleClick_ && isInside;
+    if (beforeRelease != nullptr && isLeft && isPressed_ && isInside) beforeRelease(*this);
+    if (self == nullptr) return true;
     if (isLeft) isPressed_ = isDoubleClick_ = false;
     Tell(told);
     if (self == nullptr) return true;

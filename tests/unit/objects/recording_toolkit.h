@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "data/failure.h"
 #include "objects/object.h"
 #include "platform/picture_target.h"
 #include "platform/toolkit.h"
