@@ -15,6 +15,8 @@ void ScanBlocks(Program& program);
 
 // Runs a sentence of kind もし.
 void ExecIf(Statement& statement);
+// The short road of ExecIf; see TryStatement.
+bool TryIf(const Statement& statement);
 
 // The handlers of 繰り返, 分岐, 抜ける and 飛べ.
 void CmdRepeat(Statement& statement, Context& context);

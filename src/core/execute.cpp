@@ -10,6 +10,7 @@
 #include "core/hooks.h"
 #include "core/procedures.h"
 #include "core/sentence.h"
+#include "core/short_roads.h"
 #include "core/stack_guard.h"
 #include "core/temporary_sentence.h"
 #include "core/variables.h"
@@ -156,10 +157,11 @@ Context& TheContext() {
     return context;
 }
 
-void ExecStatement(Statement& statement) {
-    if (statement.Source.empty()) return;
-    // Its plans live in the statement, and the statement must live to the end of its run, whatever
-    // becomes of its program.
+namespace {
+
+// Runs a statement that may run others. Its plans live in it, and it must live to the end of its run,
+// whatever becomes of its program.
+[[gnu::noinline]] void ExecGuarded(Statement& statement) {
     const StatementPtr held(&statement);
     const NestingGuard guard(statement.Source.size());
     if (guard.Exhausted()) return;
@@ -168,12 +170,28 @@ void ExecStatement(Statement& statement) {
     pendingFailure.Clear();
 }
 
-void RunLine(Statement& statement, std::int32_t& line) {
-    run.CurLine = line;
-    ExecStatement(statement);
-    if (!run.JumpFlag) return;
-    run.JumpFlag = false;
-    line = run.CurLine;
+bool TryAssignment(const Statement& statement) {
+    if (statement.cache == nullptr || !statement.cache->target) return false;
+    return TryAssign(*statement.cache->target, statement.WoArg);
+}
+
+}  // namespace
+
+bool TryStatement(Statement& statement) {
+    if (!kShortRoads || hooks.RestartRepeatedMedia != nullptr) return false;
+    bool done = false;
+    if (statement.Kind == StatementKind::kAssignment) {
+        done = TryAssignment(statement);
+    } else if (statement.Kind == StatementKind::kIf) {
+        done = TryIf(statement);
+    }
+    if (done) pendingFailure.Clear();
+    return done;
+}
+
+void ExecStatement(Statement& statement) {
+    if (statement.Source.empty() || TryStatement(statement)) return;
+    ExecGuarded(statement);
 }
 
 void RunComnd(const Word& sentence) {

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "core/eval.h"
+#include "core/short_roads.h"
 #include "core/variables.h"
 #include "core/word_plan.h"
 #include "data/numbers.h"
@@ -19,6 +20,10 @@ namespace velm {
 namespace {
 
 constexpr std::u16string_view kTokenMarks = u"+-*/^%()\\";
+// Forms that need less than this of a stack have it in place.
+constexpr std::size_t kUsualDepth = 16;
+
+bool IsWord(const ExpressionStep& step) { return step.kind == ExpressionStep::Kind::kWord; }
 
 char16_t NarrowOperator(char16_t unit) {
     switch (unit) {
@@ -147,16 +152,19 @@ Tokens SplitAtBlanks(std::u16string_view text) {
     return tokens;
 }
 
-// % and \ work on both sides rounded to 32-bit integers.
-void ApplyIntegers(Operator op, double& left, double right) {
+// The common case: both sides are 32-bit integers.
+inline bool ApplyWholeNumbers(Operator op, double& left, double right) {
     constexpr double kLimit = 2147483647;
-    const bool whole = IsShortInteger(left) && IsShortInteger(right);
-    if (whole && std::abs(left) <= kLimit && std::abs(right) <= kLimit && right != 0) {
-        const auto a = static_cast<std::int64_t>(left);
-        const auto b = static_cast<std::int64_t>(right);
-        left = static_cast<double>(op == Operator::kRemainder ? a % b : a / b);
-        return;
-    }
+    if (!(std::abs(left) <= kLimit && std::abs(right) <= kLimit)) return false;
+    const auto a = static_cast<std::int32_t>(left);
+    const auto b = static_cast<std::int32_t>(right);
+    if (a != left || b != right || b == 0) return false;
+    left = op == Operator::kRemainder ? a % b : a / b;
+    return true;
+}
+
+// % and \ work on both sides rounded to 32-bit integers.
+[[gnu::noinline]] void ApplyIntegers(Operator op, double& left, double right) {
     const std::optional<std::int32_t> a = TryInt32(left);
     const std::optional<std::int32_t> b = TryInt32(right);
     if (!a || !b || *b == 0) return;
@@ -174,7 +182,9 @@ inline void Apply(Operator op, double& left, double right) {
         case Operator::kMultiply: result = left * right; break;
         case Operator::kDivide: result = left / right; break;  // by zero: not finite
         case Operator::kPower: result = std::pow(left, right); break;
-        default: ApplyIntegers(op, left, right); return;
+        default:
+            if (!ApplyWholeNumbers(op, left, right)) ApplyIntegers(op, left, right);
+            return;
     }
     if (std::isfinite(result)) left = result;
 }
@@ -187,17 +197,46 @@ inline double NumberOfStep(const ExpressionStep& step) {
     return EvalWord(step.word).NumberOrZero();
 }
 
-// The common case: every operator has its operands.
-double EvaluateSound(const Expression& expression, double* top) {
+// The common case: every operator has its operands. The top of the stack is kept beside it, so that
+// the stack needs one place more. read(step, number) gives an operand, or ends the walk with false.
+template <class Read>
+inline bool RunSound(const Expression& expression, double* stack, double& result, Read read) {
+    double top = 0;
     for (const ExpressionStep& step : expression.steps) {
+        double right = top;
         if (step.kind == ExpressionStep::Kind::kOperator) {
-            --top;
-            Apply(step.op, top[-1], *top);
+            top = *--stack;
+        } else if (!read(step, right)) {
+            return false;
+        }
+        if (step.op == Operator::kNone) {
+            *stack++ = top;
+            top = right;
         } else {
-            *top++ = NumberOfStep(step);
+            Apply(step.op, top, right);
         }
     }
-    return top[-1];
+    result = top;
+    return true;
+}
+
+double EvaluateSound(const Expression& expression, double* stack) {
+    double result = 0;
+    RunSound(expression, stack, result, [](const ExpressionStep& step, double& number) {
+        number = NumberOfStep(step);
+        return true;
+    });
+    return result;
+}
+
+// What runs nothing: a number, or a name that is a variable now and holds a number.
+inline bool ReadFlatStep(const ExpressionStep& step, double& number) {
+    if (step.kind == ExpressionStep::Kind::kNumber) {
+        number = step.number;
+        return true;
+    }
+    const Value* variable = FindVariable(step.symbol);
+    return variable != nullptr && variable->IsPlainNumber(number);
 }
 
 // An operator without an operand fails, and takes one value from the stack all the same.
@@ -234,6 +273,22 @@ void MeasureStack(Expression& expression) {
     if (depth != 1) expression.sound = false;
 }
 
+// Lets operands take the operators behind them along.
+void FuseSteps(Expression& expression) {
+    std::vector<ExpressionStep> fused;
+    for (ExpressionStep& step : expression.steps) {
+        const bool taken = step.kind == ExpressionStep::Kind::kOperator &&
+                           fused.back().kind != ExpressionStep::Kind::kOperator &&
+                           fused.back().op == Operator::kNone;
+        if (taken) {
+            fused.back().op = step.op;
+        } else {
+            fused.push_back(std::move(step));
+        }
+    }
+    expression.steps = std::move(fused);
+}
+
 ExpressionStep PlanStep(std::u16string_view token) {
     ExpressionStep step;
     step.op = OperatorOf(token);
@@ -268,11 +323,27 @@ std::shared_ptr<const Expression> PlanExpression(std::u16string_view text) {
             expression->steps.push_back(PlanStep(token));
     }
     MeasureStack(*expression);
+    if (expression->sound) FuseSteps(*expression);
+    expression->flat = expression->sound && expression->depth < kUsualDepth &&
+                       std::none_of(expression->steps.begin(), expression->steps.end(), IsWord);
     return expression;
 }
 
+bool TryEvaluate(const Expression& expression, double& result) {
+    if (!kShortRoads || !expression.sound || expression.depth >= kUsualDepth) return false;
+    double stack[kUsualDepth];
+    const bool done =
+        expression.flat
+            ? RunSound(expression, stack, result, ReadFlatStep)
+            : RunSound(expression, stack, result, [](const ExpressionStep& step, double& number) {
+                  return IsWord(step) ? TryCell(step.word.Plan(), number)
+                                      : ReadFlatStep(step, number);
+              });
+    if (done) result = RoundPlaces15(result);
+    return done;
+}
+
 double Evaluate(const Expression& expression) {
-    constexpr std::size_t kUsualDepth = 16;
     double usual[kUsualDepth];
     std::vector<double> large;
     double* stack = usual;

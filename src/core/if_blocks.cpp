@@ -135,6 +135,7 @@ class IfWalk {
 
     void Walk() {
         while (true) {
+            if (!running_ && !IsLeaving()) PassOver();
             if (!InProgram(line_)) {
                 RaiseError(kNoIfEnd, kIconInformation, u"", u"", -1);
                 if (nesting_.depth > kMostUnclosed) run.StopFlag = true;
@@ -142,7 +143,7 @@ class IfWalk {
             }
             if (!Step()) break;
             ++line_;
-            if (run.StopFlag || run.ReturnFlag || run.IfBreakFlag) break;
+            if (IsLeaving()) break;
         }
         if (run.StopFlag) return;
         run.IfBreakFlag = false;
@@ -174,6 +175,17 @@ class IfWalk {
     }
     std::int32_t DepthOf(std::int32_t line) const {
         return program_->Depth[static_cast<std::size_t>(line)];
+    }
+
+    static bool IsLeaving() { return run.StopFlag || run.ReturnFlag || run.IfBreakFlag; }
+
+    // Goes on over lines that don't run to the next one where the block's branches part.
+    void PassOver() {
+        for (; InProgram(line_); ++line_) {
+            if (DepthOf(line_) != depth_) continue;
+            const LineMark mark = program_->Statements[static_cast<std::size_t>(line_)]->mark;
+            if (mark >= LineMark::kIfEnd && mark <= LineMark::kElseIf) return;
+        }
     }
 
     // Looks at one line; false when the walk ends there.
@@ -225,6 +237,15 @@ void IfWalk::RunElseIf(Statement& statement) {
 }
 
 }  // namespace
+
+bool TryIf(const Statement& statement) {
+    if (statement.cache == nullptr || !statement.cache->condition) return false;
+    const IfPlan& plan = *statement.cache->condition;
+    if (plan.error != 0 || !plan.oneLine) return false;
+    bool result = false;
+    if (!TryConditionList(plan.condition, result)) return false;
+    return (result ? plan.thenPart : plan.elsePart)->TryRun();
+}
 
 void ExecIf(Statement& statement) { RunPlan(PlanOf(statement, statement.WoArg)); }
 

@@ -68,8 +68,15 @@ TemporarySentence::InstancePtr TemporarySentence::Take() {
     return instance;
 }
 
+bool TemporarySentence::TryRun() {
+    if (text_.IsEmpty()) return true;
+    if (spare_.empty()) return false;
+    Statement& statement = spare_.back()->Get();
+    return statement.Kind == StatementKind::kAssignment && TryStatement(statement);
+}
+
 void TemporarySentence::Run() {
-    if (text_.IsEmpty()) return;
+    if (TryRun()) return;
     InstancePtr instance = Take();
     instance->Exec();
     Return(std::move(instance));

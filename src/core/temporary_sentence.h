@@ -26,6 +26,7 @@ class TemporarySentence {
         // Puts everything back to what a fresh analysis gives.
         void Renew();
         void Exec();
+        Statement& Get() const { return *statement_; }
 
       private:
         StatementPtr statement_;
@@ -47,6 +48,9 @@ class TemporarySentence {
 
     // Runs the sentence once.
     void Run();
+    // The short road of Run (core/short_roads.h) for no sentence at all and for an assignment: such a
+    // sentence changes nothing in its statement, so that none needs to be renewed.
+    bool TryRun();
 
     const Word& Text() const { return text_; }
 

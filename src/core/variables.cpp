@@ -104,13 +104,6 @@ void StoreAt(Value& table, const Index& index, const Value& value) {
     }
 }
 
-// The variable of a name, to be changed; nullptr when there is none.
-Value* FindForChange(const Symbol* symbol) {
-    if (Locals && Locals->Find(symbol) != nullptr) return LocalsForChange().Find(symbol);
-    xxCmdData* entry = symbol->Entry(TableKind::kGlobals);
-    return entry == nullptr ? nullptr : &entry->Value;
-}
-
 void Store(const AssignmentTarget& target, Value value) {
     if (target.symbol == nullptr) return;
     if (Value* place = FindForChange(target.symbol)) {
@@ -141,7 +134,7 @@ void StoreIndexed(const AssignmentTarget& target, Value value) {
 
 }  // namespace
 
-void ScopePtr::Destroy(Scope* scope) noexcept { delete scope; }
+void Destroy(Scope* scope) noexcept { delete scope; }
 
 bool Scope::Add(const Word& name, Value value) {
     if (name.IsEmpty() || Find(name.AsName()) != nullptr) return false;
@@ -153,8 +146,9 @@ Scope& LocalsForChange() {
     if (!Locals) {
         Locals = ScopePtr(new Scope);
     } else if (Locals.IsShared()) {
-        Locals = ScopePtr(new Scope(*Locals));
-        Locals->owners = 1;
+        auto* own = new Scope(*Locals);
+        own->owners = 0;
+        Locals = ScopePtr(own);
     }
     return *Locals;
 }

@@ -253,6 +253,42 @@ void Value::SetCell(std::size_t column, Value item) {
     Changed(TruthForm::kCells);
 }
 
+bool Value::TryCellNumber(std::size_t column, double& number) const {
+    if (record_ == nullptr || !record_->forms || !record_->forms->cells) return false;
+    const CellsForm& form = *record_->forms->cells;
+    if (!form.unpacked) return IsCanonicalNumber(CellAt(record_->text, form, column), number);
+    return column < form.cells.size() && form.cells[column].IsPlainNumber(number);
+}
+
+bool Value::TryRowCellNumber(std::size_t row, std::size_t column, double& number) const {
+    if (record_ == nullptr || !record_->forms || !record_->forms->rows) return false;
+    const RowsForm& form = *record_->forms->rows;
+    return row < form.rows.size() && form.rows[row].TryCellNumber(column, number);
+}
+
+// Whether a change within the form of this kind leaves nothing to be told (see Changed).
+bool Value::IsSoleTruth(TruthForm truth) const {
+    if (record_ == nullptr || record_->owners != 1 || record_->truth != truth) return false;
+    return !record_->textValid;
+}
+
+bool Value::TrySetCellNumber(std::size_t column, double number) {
+    if (!IsSoleTruth(TruthForm::kCells)) return false;
+    std::vector<Value>& cells = record_->forms->cells->cells;
+    if (column >= cells.size()) return false;
+    if (!cells[column].SetNumber(number)) cells[column] = OfNumber(number);
+    record_->numberState = NumberState::kUnknown;
+    return true;
+}
+
+bool Value::TrySetRowCellNumber(std::size_t row, std::size_t column, double number) {
+    if (!IsSoleTruth(TruthForm::kRows)) return false;
+    std::vector<Value>& rows = record_->forms->rows->rows;
+    if (row >= rows.size() || !rows[row].TrySetCellNumber(column, number)) return false;
+    record_->numberState = NumberState::kUnknown;
+    return true;
+}
+
 std::size_t Value::CellCount() const {
     const std::size_t count = Cells().Count();
     if (!kCaches) DropForms();

@@ -105,6 +105,14 @@ class Value {
     void SetCell(std::size_t column, Value item);
     std::size_t CellCount() const;
 
+    // The short road of Cell and RowCell to a plain number: false unless the cells are at hand.
+    bool TryCellNumber(std::size_t column, double& number) const;
+    bool TryRowCellNumber(std::size_t row, std::size_t column, double& number) const;
+    // The short road of SetCell and SetRowCell: false, with nothing changed, unless the cell is there, the
+    // form with it is the truth and the only one, and nobody else holds it.
+    bool TrySetCellNumber(std::size_t column, double number);
+    bool TrySetRowCellNumber(std::size_t row, std::size_t column, double number);
+
     // Rows by number, from 0, of the text cut at CR LF. A row past the end is the empty text.
     Value Row(std::size_t row) const;
     Value RowCell(std::size_t row, std::size_t column) const;
@@ -132,6 +140,7 @@ class Value {
     const std::u16string& MakeText() const;
     ValueRecord& Record() const;
     ValueRecord& OwnRecord();
+    bool IsSoleTruth(TruthForm truth) const;
     CellsForm& Cells() const;
     RowsForm& Rows() const;
     EntriesForm& Entries() const;
