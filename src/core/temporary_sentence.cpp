@@ -55,6 +55,13 @@ void TemporarySentence::Instance::Exec() {
     ExecStatement(*statement_);
 }
 
+Statement* TemporarySentence::Instance::IfBound() const {
+    if (kind_ == StatementKind::kAssignment) return statement_.Get();
+    const bool unchanged = statement_->exact && commands_ == Commands.Generation() &&
+                           procedures_ == Procedures.Generation();
+    return unchanged && kind_ == StatementKind::kCommand ? statement_.Get() : nullptr;
+}
+
 TemporarySentence::InstancePtr TemporarySentence::Take() {
     InstancePtr instance;
 #ifndef VELM_NO_CACHES
@@ -71,8 +78,8 @@ TemporarySentence::InstancePtr TemporarySentence::Take() {
 bool TemporarySentence::TryRun() {
     if (text_.IsEmpty()) return true;
     if (spare_.empty()) return false;
-    Statement& statement = spare_.back()->Get();
-    return statement.Kind == StatementKind::kAssignment && TryStatement(statement);
+    Statement* statement = spare_.back()->IfBound();
+    return statement != nullptr && TryStatement(*statement);
 }
 
 void TemporarySentence::Run() {
