@@ -223,9 +223,9 @@ void CmdLeave(Statement& statement, Context& /*context*/) {
     if (!IsPlanned(statement)) {
         statement.Cache().leave = std::make_shared<LeavePlan>(PlanLeave(statement));
     }
-    const std::shared_ptr<const LeavePlan> plan = statement.cache->leave;
-    if (!plan->with.IsEmpty()) run.Response = EvalWord(plan->with);
-    run.*plan->flag = true;
+    const LeavePlan plan = *statement.cache->leave;  // what the word runs may drop the statement
+    if (!plan.with.IsEmpty()) run.Response = EvalWord(plan.with);
+    run.*plan.flag = true;
 }
 
 bool TryLeave(Statement& statement) {

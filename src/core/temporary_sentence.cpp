@@ -57,9 +57,10 @@ void TemporarySentence::Instance::Exec() {
 
 Statement* TemporarySentence::Instance::IfBound() const {
     if (kind_ == StatementKind::kAssignment) return statement_.Get();
-    const bool unchanged = statement_->exact && commands_ == Commands.Generation() &&
-                           procedures_ == Procedures.Generation();
-    return unchanged && kind_ == StatementKind::kCommand ? statement_.Get() : nullptr;
+    const bool bound = statement_->Kind == StatementKind::kCommand &&
+                       statement_->FuncPnt != nullptr && commands_ == Commands.Generation() &&
+                       procedures_ == Procedures.Generation();
+    return bound ? statement_.Get() : nullptr;
 }
 
 TemporarySentence::InstancePtr TemporarySentence::Take() {
@@ -79,7 +80,9 @@ bool TemporarySentence::TryRun() {
     if (text_.IsEmpty()) return true;
     if (spare_.empty()) return false;
     Statement* statement = spare_.back()->IfBound();
-    return statement != nullptr && TryStatement(*statement);
+    if (statement == nullptr) return false;
+    if (statement->Kind == StatementKind::kCommand && !statement->exact) run.Response = Value();
+    return TryStatement(*statement);
 }
 
 void TemporarySentence::Run() {
