@@ -189,6 +189,10 @@ bool TryCompare(const Comparison& plan, bool& result) {
     const Value* left = TryValue(plan.left);
     const Value* right = left == nullptr ? nullptr : TryValue(plan.right);
     if (right == nullptr) return false;
+    if (left->AreKnownTexts(*right)) {
+        result = left->SameText(*right) == (plan.code == comparison::kEqual);
+        return true;
+    }
     const bool done =
         Attempt([&] { result = AreEqual(*left, *right) == (plan.code == comparison::kEqual); });
     if (!done) pendingFailure.Clear();

@@ -187,26 +187,24 @@ bool TryLeaveSentence(Statement& statement) {
     return true;
 }
 
-bool IsDone(bool done) {
-    if (done) pendingFailure.Clear();
-    return done;
+// Whether there is nothing to be done before or behind a statement.
+bool IsRoadFree() {
+    return kShortRoads && hooks.RestartRepeatedMedia == nullptr && !pendingFailure.IsSet();
 }
 
 }  // namespace
 
 bool TryStatement(Statement& statement) {
-    if (!kShortRoads || hooks.RestartRepeatedMedia != nullptr) return false;
-    switch (statement.Kind) {
-        case StatementKind::kAssignment: return IsDone(TryAssignment(statement));
-        case StatementKind::kCommand: return IsDone(TryLeaveSentence(statement));
-        default: return false;
+    if (statement.Kind == StatementKind::kAssignment) {
+        return IsRoadFree() && TryAssignment(statement);
     }
+    return statement.Kind == StatementKind::kCommand && IsRoadFree() && TryLeaveSentence(statement);
 }
 
 void ExecStatement(Statement& statement) {
     if (statement.Source.empty() || TryStatement(statement)) return;
     TemporarySentence* branch = nullptr;
-    if (kShortRoads && statement.Kind == StatementKind::kIf) {
+    if (statement.Kind == StatementKind::kIf && IsRoadFree()) {
         branch = TryIf(statement);
         if (branch != nullptr && branch->TryRun()) return;
     }

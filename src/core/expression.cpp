@@ -152,29 +152,28 @@ Tokens SplitAtBlanks(std::u16string_view text) {
     return tokens;
 }
 
-// The common case: both sides are 32-bit integers.
-inline bool ApplyWholeNumbers(Operator op, double& left, double right) {
-    constexpr double kLimit = 2147483647;
-    if (!(std::abs(left) <= kLimit && std::abs(right) <= kLimit)) return false;
-    const auto a = static_cast<std::int32_t>(left);
-    const auto b = static_cast<std::int32_t>(right);
-    if (a != left || b != right || b == 0) return false;
-    left = op == Operator::kRemainder ? a % b : a / b;
-    return true;
-}
-
-// % and \ work on both sides rounded to 32-bit integers.
-[[gnu::noinline]] void ApplyIntegers(Operator op, double& left, double right) {
+[[gnu::noinline]] double ApplyRounded(Operator op, double left, double right) {
     const std::optional<std::int32_t> a = TryInt32(left);
     const std::optional<std::int32_t> b = TryInt32(right);
-    if (!a || !b || *b == 0) return;
+    if (!a || !b || *b == 0) return left;
     const std::int64_t wideLeft = *a;
-    const std::int64_t result = op == Operator::kRemainder ? wideLeft % *b : wideLeft / *b;
-    left = static_cast<double>(result);
+    return static_cast<double>(op == Operator::kRemainder ? wideLeft % *b : wideLeft / *b);
 }
 
-// Applies an operator to its left operand in place; one that fails leaves it as it is.
-inline void Apply(Operator op, double& left, double right) {
+// % and \ work on both sides rounded to 32-bit integers. In the common case they are such integers.
+inline double ApplyIntegers(Operator op, double left, double right) {
+    constexpr double kLimit = 2147483647;
+    if (!(std::abs(left) <= kLimit && std::abs(right) <= kLimit)) {
+        return ApplyRounded(op, left, right);
+    }
+    const auto a = static_cast<std::int32_t>(left);
+    const auto b = static_cast<std::int32_t>(right);
+    if (a != left || b != right || b == 0) return ApplyRounded(op, left, right);
+    return op == Operator::kRemainder ? a % b : a / b;
+}
+
+// The result of an operator; one that fails leaves its left operand as it is.
+inline double Apply(Operator op, double left, double right) {
     double result = 0;
     switch (op) {
         case Operator::kAdd: result = left + right; break;
@@ -182,11 +181,9 @@ inline void Apply(Operator op, double& left, double right) {
         case Operator::kMultiply: result = left * right; break;
         case Operator::kDivide: result = left / right; break;  // by zero: not finite
         case Operator::kPower: result = std::pow(left, right); break;
-        default:
-            if (!ApplyWholeNumbers(op, left, right)) ApplyIntegers(op, left, right);
-            return;
+        default: return ApplyIntegers(op, left, right);
     }
-    if (std::isfinite(result)) left = result;
+    return std::isfinite(result) ? result : left;
 }
 
 inline double NumberOfStep(const ExpressionStep& step) {
@@ -213,7 +210,7 @@ inline bool RunSound(const Expression& expression, double* stack, double& result
             *stack++ = top;
             top = right;
         } else {
-            Apply(step.op, top, right);
+            top = Apply(step.op, top, right);
         }
     }
     result = top;
@@ -245,7 +242,7 @@ double EvaluateUnsound(const Expression& expression, double* stack) {
     stack[0] = 0;
     for (const ExpressionStep& step : expression.steps) {
         if (step.kind == ExpressionStep::Kind::kOperator) {
-            if (top >= 2) Apply(step.op, stack[top - 2], stack[top - 1]);
+            if (top >= 2) stack[top - 2] = Apply(step.op, stack[top - 2], stack[top - 1]);
             --top;
         } else {
             const double number = NumberOfStep(step);
@@ -329,18 +326,42 @@ std::shared_ptr<const Expression> PlanExpression(std::u16string_view text) {
     return expression;
 }
 
-bool TryEvaluate(const Expression& expression, double& result) {
-    if (!kShortRoads || !expression.sound || expression.depth >= kUsualDepth) return false;
+namespace {
+
+[[gnu::noinline]] bool TryFlat(const Expression& expression, double& result) {
     double stack[kUsualDepth];
-    const bool done =
-        expression.flat
-            ? RunSound(expression, stack, result, ReadFlatStep)
-            : RunSound(expression, stack, result, [](const ExpressionStep& step, double& number) {
-                  return IsWord(step) ? TryCell(step.word.Plan(), number)
-                                      : ReadFlatStep(step, number);
-              });
-    if (done) result = RoundPlaces15(result);
-    return done;
+    double number = 0;
+    if (!RunSound(expression, stack, number, ReadFlatStep)) return false;
+    result = RoundPlaces15(number);
+    return true;
+}
+
+[[gnu::noinline]] bool TryWithCells(const Expression& expression, double& result) {
+    if (!expression.sound || expression.depth >= kUsualDepth) return false;
+    double stack[kUsualDepth];
+    double number = 0;
+    const auto read = [](const ExpressionStep& step, double& operand) {
+        return IsWord(step) ? TryCell(step.word.Plan(), operand) : ReadFlatStep(step, operand);
+    };
+    if (!RunSound(expression, stack, number, read)) return false;
+    result = RoundPlaces15(number);
+    return true;
+}
+
+}  // namespace
+
+bool TryEvaluate(const Expression& expression, double& result) {
+    if (!kShortRoads) return false;
+    if (!expression.flat) return TryWithCells(expression, result);
+    // Most forms are one operator with its operands, and need no stack.
+    if (expression.steps.size() != 2) return TryFlat(expression, result);
+    const ExpressionStep& first = expression.steps[0];
+    const ExpressionStep& second = expression.steps[1];
+    double left = 0;
+    double right = 0;
+    if (!ReadFlatStep(first, left) || !ReadFlatStep(second, right)) return false;
+    result = RoundPlaces15(Apply(second.op, left, right));
+    return true;
 }
 
 double Evaluate(const Expression& expression) {

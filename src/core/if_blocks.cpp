@@ -147,8 +147,7 @@ class IfWalk {
         }
         if (run.StopFlag) return;
         run.IfBreakFlag = false;
-        while (InProgram(line_) && DepthOf(line_) != depth_ - 1) ++line_;
-        run.CurLine = line_ - 1;
+        run.CurLine = BehindBlock() - 1;
         run.JumpFlag = true;
     }
 
@@ -181,11 +180,21 @@ class IfWalk {
 
     // Goes on over lines that don't run to the next one where the block's branches part.
     void PassOver() {
-        for (; InProgram(line_); ++line_) {
-            if (DepthOf(line_) != depth_) continue;
-            const LineMark mark = program_->Statements[static_cast<std::size_t>(line_)]->mark;
-            if (mark >= LineMark::kIfEnd && mark <= LineMark::kElseIf) return;
+        const std::vector<std::int32_t>& depths = program_->Depth;
+        auto line = static_cast<std::size_t>(line_);
+        for (; line < depths.size(); ++line) {
+            if (depths[line] != depth_) continue;
+            const LineMark mark = program_->Statements[line]->mark;
+            if (mark >= LineMark::kIfEnd && mark <= LineMark::kElseIf) break;
         }
+        line_ = static_cast<std::int32_t>(line);
+    }
+
+    std::int32_t BehindBlock() const {
+        const std::vector<std::int32_t>& depths = program_->Depth;
+        auto line = static_cast<std::size_t>(line_);
+        while (line < depths.size() && depths[line] != depth_ - 1) ++line;
+        return static_cast<std::int32_t>(line);
     }
 
     // Looks at one line; false when the walk ends there.

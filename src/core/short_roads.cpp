@@ -30,7 +30,7 @@ inline bool TryPosition(const Word& word, std::size_t& position) {
     return whole == number;
 }
 
-bool ReadCell(const Value& table, const std::vector<Word>& subscript, double& number) {
+inline bool ReadCell(const Value& table, const std::vector<Word>& subscript, double& number) {
     std::size_t first = 0;
     std::size_t second = 0;
     if (subscript.empty() || !TryPosition(subscript[0], first)) return false;
@@ -38,7 +38,7 @@ bool ReadCell(const Value& table, const std::vector<Word>& subscript, double& nu
     return TryPosition(subscript[1], second) && table.TryRowCellNumber(first, second, number);
 }
 
-bool StoreCell(Value& table, const std::vector<Word>& subscript, double number) {
+[[gnu::noinline]] bool StoreCell(Value& table, const std::vector<Word>& subscript, double number) {
     std::size_t first = 0;
     std::size_t second = 0;
     if (subscript.empty() || !TryPosition(subscript[0], first)) return false;
@@ -46,15 +46,31 @@ bool StoreCell(Value& table, const std::vector<Word>& subscript, double number) 
     return TryPosition(subscript[1], second) && table.TrySetRowCellNumber(first, second, number);
 }
 
+// X＝X＆…: the variable grows by constants and other variables.
+[[gnu::noinline]] bool GrowVariable(Value& place, const WordPlan& plan) {
+    constexpr std::size_t kMostTails = 8;
+    const Value* tails[kMostTails];
+    const std::size_t count = plan.parts.size() - 1;
+    if (count > kMostTails || TryValue(plan.parts[0]) != &place) return false;
+    for (std::size_t i = 0; i < count; ++i) {
+        tails[i] = TryValue(plan.parts[i + 1]);
+        if (tails[i] == nullptr || tails[i] == &place) return false;
+    }
+    return place.TryAppend({tails, count});
+}
+
+bool AssignNumber(Value& place, double number) {
+    if (!place.SetNumber(number)) place = Value::OfNumber(number);
+    return true;
+}
+
 bool AssignToVariable(Value& place, const WordPlan& plan) {
     double number = 0;
     switch (plan.kind) {
         case PlanKind::kArithmetic:
-            if (!TryEvaluate(*plan.expression, number)) return false;
-            break;
-        case PlanKind::kCall:
-            if (!TryCell(plan, number)) return false;
-            break;
+            return TryEvaluate(*plan.expression, number) && AssignNumber(place, number);
+        case PlanKind::kCall: return TryCell(plan, number) && AssignNumber(place, number);
+        case PlanKind::kJoin: return GrowVariable(place, plan);
         case PlanKind::kNumber:
         case PlanKind::kText: place = plan.constant; return true;
         case PlanKind::kName:
@@ -65,8 +81,6 @@ bool AssignToVariable(Value& place, const WordPlan& plan) {
             return false;
         default: return false;
     }
-    if (!place.SetNumber(number)) place = Value::OfNumber(number);
-    return true;
 }
 
 }  // namespace

@@ -157,6 +157,28 @@ void Value::Append(const Value& tail) {
     Changed(TruthForm::kText);
 }
 
+bool Value::TryAppend(std::span<const Value* const> tails) {
+    constexpr std::size_t kLongestTail = 4096;
+    if (!HasRecord() || record_->owners != 1 || record_->truth != TruthForm::kText) return false;
+    std::u16string& text = record_->text;
+    const std::size_t size = text.size();
+    if (size == 0 || size > kLongestGrowing / 2) return false;
+    for (const Value* tail : tails) {
+        if (!tail->HasRecord()) continue;
+        if (!tail->record_->textValid || tail->record_->text.size() > kLongestTail) return false;
+    }
+    const bool done = Attempt([&] {
+        for (const Value* tail : tails) tail->AppendTo(text);
+    });
+    if (!done) {
+        pendingFailure.Clear();
+        text.resize(size);
+        return false;
+    }
+    Changed(TruthForm::kText);
+    return true;
+}
+
 // Told after a change: the form that was changed is the truth, the others are dropped.
 void Value::Changed(TruthForm truth) {
     ValueRecord& record = *record_;

@@ -18,6 +18,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -36,7 +37,7 @@ class Value {
     explicit Value(const char16_t* text) : Value(std::u16string(text)) {}
     // A number; its text is the number with at most 15 significant digits.
     static Value OfNumber(double number) {
-        const double rounded = RoundToText(number) + 0.0;  // + 0.0 turns -0 into 0
+        const double rounded = RoundToText(number);
         if (!kCaches) return OfNumberWithText(rounded);
         Value value;
         value.record_ = NumberMark();
@@ -90,15 +91,20 @@ class Value {
     // when this is no such value.
     bool SetNumber(double number) {
         if (!IsNumberOnly()) return false;
-        number_ = RoundToText(number) + 0.0;
+        number_ = RoundToText(number);
         return true;
     }
     bool SameText(const Value& other) const;
+    // Whether both are known to be no numbers, so that comparing them is comparing texts.
+    bool AreKnownTexts(const Value& other) const { return IsKnownText() && other.IsKnownText(); }
     // Adds the text to out, without keeping a text for a number that has none yet.
     void AppendTo(std::u16string& out) const;
 
     // Appends in place when this value is the only owner of its text.
     void Append(const Value& tail);
+    // The short road of Append for several tails: false, with nothing changed, unless this is a text with
+    // no other owner, and neither it nor a tail is very long. No tail may be this value itself.
+    bool TryAppend(std::span<const Value* const> tails);
     // Whether both are the same record, so that giving up the one makes the other sole owner.
     bool SharesRecordWith(const Value& other) const {
         return HasRecord() && record_ == other.record_;
@@ -145,6 +151,9 @@ class Value {
     bool IsNumberOnly() const { return record_ == NumberMark(); }
     bool HasRecord() const { return reinterpret_cast<std::uintptr_t>(record_) > 1; }
     static Value OfNumberWithText(double number);
+    bool IsKnownText() const {
+        return HasRecord() && record_->textValid && record_->numberState == NumberState::kNone;
+    }
 
     void Retain() const noexcept {
         if (HasRecord()) ++record_->owners;
