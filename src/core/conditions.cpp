@@ -240,7 +240,6 @@ bool EvalComparison(const Comparison& plan) {
         return false;
     }
     bool result = false;
-    if (TryCompare(plan, result)) return result;
     if (!Attempt([&] { result = Compare(plan); })) pendingFailure.Clear();
     return result;
 }
@@ -282,7 +281,9 @@ bool TryConditionList(const ConditionList& list, bool& result) {
 }
 
 bool EvalConditionList(const ConditionList& list) {
-    bool result = !list.anyMode;
+    bool result = false;
+    if (TryConditionList(list, result)) return result;
+    result = !list.anyMode;
     for (const Comparison& condition : list.conditions) {
         const bool holds = EvalComparison(condition);
         if (list.anyMode) {

@@ -176,33 +176,35 @@ namespace {
     pendingFailure.Clear();
 }
 
-bool TryAssignment(const Statement& statement) {
+inline bool TryAssignment(const Statement& statement) {
     if (statement.cache == nullptr || !statement.cache->target) return false;
     return TryAssign(*statement.cache->target, statement.WoArg);
 }
 
-bool TryLeaveSentence(Statement& statement) {
+inline bool TryLeaveSentence(Statement& statement) {
     if (statement.FuncPnt != CmdLeave || !TryLeave(statement)) return false;
     run.CurrentStatement = StatementPtr(&statement);
     return true;
 }
 
 // Whether there is nothing to be done before or behind a statement.
-bool IsRoadFree() {
+inline bool IsRoadFree() {
     return kShortRoads && hooks.RestartRepeatedMedia == nullptr && !pendingFailure.IsSet();
 }
 
-}  // namespace
-
-bool TryStatement(Statement& statement) {
+inline bool TakesShortRoad(Statement& statement) {
     if (statement.Kind == StatementKind::kAssignment) {
         return IsRoadFree() && TryAssignment(statement);
     }
     return statement.Kind == StatementKind::kCommand && IsRoadFree() && TryLeaveSentence(statement);
 }
 
+}  // namespace
+
+bool TryStatement(Statement& statement) { return TakesShortRoad(statement); }
+
 void ExecStatement(Statement& statement) {
-    if (statement.Source.empty() || TryStatement(statement)) return;
+    if (statement.Source.empty() || TakesShortRoad(statement)) return;
     TemporarySentence* branch = nullptr;
     if (statement.Kind == StatementKind::kIf && IsRoadFree()) {
         branch = TryIf(statement);

@@ -217,7 +217,7 @@ inline bool RunSound(const Expression& expression, double* stack, double& result
     return true;
 }
 
-double EvaluateSound(const Expression& expression, double* stack) {
+inline double EvaluateSound(const Expression& expression, double* stack) {
     double result = 0;
     RunSound(expression, stack, result, [](const ExpressionStep& step, double& number) {
         number = NumberOfStep(step);
@@ -328,11 +328,16 @@ std::shared_ptr<const Expression> PlanExpression(std::u16string_view text) {
 
 namespace {
 
+// The rounding of Evaluate and then of a value that takes the number.
+inline double RoundTwice(double number) {
+    return IsShortInteger(number) ? number + 0.0 : RoundToText(RoundPlacesOfFraction(number));
+}
+
 [[gnu::noinline]] bool TryFlat(const Expression& expression, double& result) {
     double stack[kUsualDepth];
     double number = 0;
     if (!RunSound(expression, stack, number, ReadFlatStep)) return false;
-    result = RoundPlaces15(number);
+    result = RoundTwice(number);
     return true;
 }
 
@@ -344,7 +349,7 @@ namespace {
         return IsWord(step) ? TryCell(step.word.Plan(), operand) : ReadFlatStep(step, operand);
     };
     if (!RunSound(expression, stack, number, read)) return false;
-    result = RoundPlaces15(number);
+    result = RoundTwice(number);
     return true;
 }
 
@@ -360,21 +365,27 @@ bool TryEvaluate(const Expression& expression, double& result) {
     double left = 0;
     double right = 0;
     if (!ReadFlatStep(first, left) || !ReadFlatStep(second, right)) return false;
-    result = RoundPlaces15(Apply(second.op, left, right));
+    result = RoundTwice(Apply(second.op, left, right));
     return true;
 }
 
+namespace {
+
+// A form that needs a large stack, or in which an operator lacks an operand.
+[[gnu::noinline]] double EvaluateUnusual(const Expression& expression) {
+    std::vector<double> stack(expression.depth + 1);
+    return expression.sound ? EvaluateSound(expression, stack.data())
+                            : EvaluateUnsound(expression, stack.data());
+}
+
+}  // namespace
+
 double Evaluate(const Expression& expression) {
-    double usual[kUsualDepth];
-    std::vector<double> large;
-    double* stack = usual;
-    if (expression.depth >= kUsualDepth) {
-        large.resize(expression.depth + 1);
-        stack = large.data();
+    if (!expression.sound || expression.depth >= kUsualDepth) {
+        return RoundPlaces15(EvaluateUnusual(expression));
     }
-    const double result =
-        expression.sound ? EvaluateSound(expression, stack) : EvaluateUnsound(expression, stack);
-    return RoundPlaces15(result);
+    double stack[kUsualDepth];
+    return RoundPlaces15(EvaluateSound(expression, stack));
 }
 
 double Calculate(std::u16string_view text) { return Evaluate(*PlanExpression(text)); }

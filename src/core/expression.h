@@ -48,7 +48,7 @@ std::shared_ptr<const Expression> PlanExpression(std::u16string_view text);
 // overflow, a missing operand) leaves its left operand in place and takes one value from the stack.
 double Evaluate(const Expression& expression);
 
-// The short road to the same number: false, with nothing done and run, unless the form is sound and all
+// The short road to the number that a value made of it holds (RoundToText): false, with nothing done and run, unless the form is sound and all
 // its words are numbers, variables that hold a number, or cells that TryCell reaches.
 bool TryEvaluate(const Expression& expression, double& result);
 

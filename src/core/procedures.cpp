@@ -68,7 +68,7 @@ std::shared_ptr<const ParameterSpec> ReadSpec(const xxCmdData& entry) {
     return spec;
 }
 
-const ParameterSpec& SpecOf(xxCmdData& entry) {
+inline const ParameterSpec& SpecOf(xxCmdData& entry) {
     if (!entry.Parameters) entry.Parameters = ReadSpec(entry);
     return *entry.Parameters;
 }
@@ -170,7 +170,7 @@ void CallWithoutWords(const xxCmdData& entry) {
     Locals = saved;
 }
 
-bool HasRefusedSpec(xxCmdData& entry) {
+inline bool HasRefusedSpec(xxCmdData& entry) {
     if (!SpecOf(entry).refused) return false;
     RaiseMessage(kBadParametersText, kBadParameters, kIconWarning, u"", u"", -1);
     return true;

@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "core/expression.h"
-#include "data/numbers.h"
 
 namespace velm {
 
@@ -59,8 +58,8 @@ inline bool ReadCell(const Value& table, const std::vector<Word>& subscript, dou
     return place.TryAppend({tails, count});
 }
 
-bool AssignNumber(Value& place, double number) {
-    if (!place.SetNumber(number)) place = Value::OfNumber(number);
+inline bool AssignNumber(Value& place, double number) {
+    place.SetHeldNumber(number);
     return true;
 }
 
@@ -93,10 +92,7 @@ bool TryCell(const WordPlan& plan, double& number) {
 
 bool TryComputed(const WordPlan& plan, double& number) {
     if (plan.kind == PlanKind::kCall) return TryCell(plan, number);
-    if (plan.kind != PlanKind::kArithmetic) return false;
-    if (!TryEvaluate(*plan.expression, number)) return false;
-    number = RoundToText(number);
-    return true;
+    return plan.kind == PlanKind::kArithmetic && TryEvaluate(*plan.expression, number);
 }
 
 bool TryAssign(const AssignmentTarget& target, const Word& word) {

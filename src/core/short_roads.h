@@ -38,7 +38,8 @@ bool TryCell(const WordPlan& plan, double& number);
 // The rest of TryNumber: a cell or arithmetic.
 bool TryComputed(const WordPlan& plan, double& number);
 
-// EvalWord of a word whose value is held as a number: a number, a variable, a cell or arithmetic.
+// EvalWord of a word whose value is held as a number: a number, a variable, a cell or arithmetic. The
+// number is rounded as values hold it.
 inline bool TryNumber(const Word& word, double& number) {
     if (!kShortRoads || word.IsEmpty()) return false;
     const WordPlan& plan = word.Plan();

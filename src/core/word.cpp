@@ -21,12 +21,10 @@ const WordPlan& Word::MakePlan() const {
     return *body_->plan;
 }
 
-const std::vector<Word>& Word::Pieces() const {
+const std::vector<Word>& Word::MakePieces() const {
     static const std::vector<Word> none;
     if (body_ == nullptr) return none;
-    if (!body_->pieces) {
-        body_->pieces = std::make_unique<const std::vector<Word>>(CutWords(body_->text));
-    }
+    body_->pieces = std::make_unique<const std::vector<Word>>(CutWords(body_->text));
     return *body_->pieces;
 }
 

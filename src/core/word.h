@@ -45,7 +45,9 @@ class Word {
     // What the text is, worked out at the first asking. Not for an empty word.
     const WordPlan& Plan() const { return body_->plan ? *body_->plan : MakePlan(); }
     // The pieces between the commas outside brackets, trimmed; none for an empty word.
-    const std::vector<Word>& Pieces() const;
+    const std::vector<Word>& Pieces() const {
+        return body_ != nullptr && body_->pieces ? *body_->pieces : MakePieces();
+    }
     // The symbol of the whole text as a name. Not for an empty word.
     Symbol* AsName() const { return body_->symbol != nullptr ? body_->symbol : MakeName(); }
 
@@ -61,6 +63,7 @@ class Word {
     static void Destroy(Body* body) noexcept;
     const WordPlan& MakePlan() const;
     Symbol* MakeName() const;
+    const std::vector<Word>& MakePieces() const;
 
     static const std::u16string kEmptyText;
 

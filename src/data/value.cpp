@@ -88,11 +88,7 @@ const std::u16string& Value::Text() const {
     return record_->text;
 }
 
-bool Value::IsEmpty() const {
-    if (record_ == nullptr) return true;
-    if (IsNumberOnly()) return false;
-    return record_->textValid ? record_->text.empty() : JoinsToNothing(*record_);
-}
+bool Value::FormIsEmpty() const { return JoinsToNothing(*record_); }
 
 std::optional<double> Value::Number() const {
     if (IsNumberOnly()) return number_;
@@ -285,7 +281,7 @@ bool Value::TrySetCellNumber(std::size_t column, double number) {
     if (!IsSoleTruth(TruthForm::kCells)) return false;
     std::vector<Value>& cells = record_->forms->cells->cells;
     if (column >= cells.size()) return false;
-    if (!cells[column].SetNumber(number)) cells[column] = OfNumber(number);
+    cells[column].SetHeldNumber(number);
     record_->numberState = NumberState::kUnknown;
     return true;
 }

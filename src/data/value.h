@@ -74,14 +74,15 @@ class Value {
 
     // The text. The reference holds until this value changes or dies.
     const std::u16string& Text() const;
-    bool IsEmpty() const;
+    bool IsEmpty() const {
+        if (!HasRecord()) return record_ == nullptr;
+        return record_->textValid ? record_->text.empty() : FormIsEmpty();
+    }
     // The number that the text is, by the numeric test; nothing when it is no number.
     std::optional<double> Number() const;
     bool IsNumeric() const { return Number().has_value(); }
     // The plain conversion: 0 for a text that is no number.
-    double NumberOrZero() const {
-        return IsNumberOnly() ? number_ : Number().value_or(0);
-    }
+    double NumberOrZero() const { return IsNumberOnly() ? number_ : Number().value_or(0); }
     // True, with the number, when this value is held as a number and nobody asked for text yet.
     bool IsPlainNumber(double& number) const {
         number = number_;
@@ -93,6 +94,16 @@ class Value {
         if (!IsNumberOnly()) return false;
         number_ = RoundToText(number);
         return true;
+    }
+    // Takes a number that some value held, and which is therefore rounded.
+    void SetHeldNumber(double number) {
+        if (!kCaches) {
+            *this = OfNumber(number);
+            return;
+        }
+        if (HasRecord()) Release();
+        record_ = NumberMark();
+        number_ = number;
     }
     bool SameText(const Value& other) const;
     // Whether both are known to be no numbers, so that comparing them is comparing texts.
@@ -164,6 +175,7 @@ class Value {
     }
     static void Destroy(ValueRecord* record) noexcept;
     const std::u16string& MakeText() const;
+    bool FormIsEmpty() const;
     ValueRecord& Record() const;
     ValueRecord& OwnRecord();
     bool IsSoleTruth(TruthForm truth) const;
