@@ -7,6 +7,7 @@
 #include "core/diagnostics.h"
 #include "core/eval.h"
 #include "core/hooks.h"
+#include "core/short_roads.h"
 #include "core/variables.h"
 #include "data/brackets.h"
 #include "data/code_page_932.h"
@@ -173,24 +174,35 @@ bool HasKind(const Comparison& plan, const Value& left) {
     }
 }
 
-// The common case, two sides that are numbers without a text, or nothing when it isn't.
-std::optional<bool> ComparePlainNumbers(int code, const Value& left, const Value& right) {
+// The short road of Compare. false: nothing was done.
+bool TryCompare(const Comparison& plan, bool& result) {
+    if (!plan.valid || plan.code > comparison::kLessOrEqual || !plan.inner.empty()) return false;
+    const bool forEquality = plan.code <= comparison::kNotEqual;
     double a = 0;
     double b = 0;
-    if (code > comparison::kLessOrEqual || !left.IsPlainNumber(a) || !right.IsPlainNumber(b)) {
-        return std::nullopt;
+    if (TryNumber(plan.left, a) && TryNumber(plan.right, b)) {
+        result = forEquality ? (a == b) == (plan.code == comparison::kEqual)
+                             : CompareNumbers(plan.code, a, b);
+        return true;
     }
-    if (code <= comparison::kNotEqual) return (a == b) == (code == comparison::kEqual);
-    return CompareNumbers(code, a, b);
+    if (!forEquality) return false;
+    const Value* left = TryValue(plan.left);
+    const Value* right = left == nullptr ? nullptr : TryValue(plan.right);
+    if (right == nullptr) return false;
+    if (left->AreKnownTexts(*right)) {
+        result = left->SameText(*right) == (plan.code == comparison::kEqual);
+        return true;
+    }
+    const bool done =
+        Attempt([&] { result = AreEqual(*left, *right) == (plan.code == comparison::kEqual); });
+    if (!done) pendingFailure.Clear();
+    return done;
 }
 
 bool Compare(const Comparison& plan) {
     const Value left = EvalWord(plan.left);
     if (!plan.inner.empty() || plan.code >= comparison::kExists) return HasKind(plan, left);
     const Value right = EvalWord(plan.right);
-    if (const std::optional<bool> result = ComparePlainNumbers(plan.code, left, right)) {
-        return *result;
-    }
     switch (plan.code) {
         case comparison::kEqual: return AreEqual(left, right);
         case comparison::kNotEqual: return !AreEqual(left, right);
@@ -257,8 +269,21 @@ ConditionList PlanConditionList(std::u16string_view text, int code, bool anyMode
     return list;
 }
 
+bool TryConditionList(const ConditionList& list, bool& result) {
+    result = !list.anyMode;
+    for (const Comparison& condition : list.conditions) {
+        bool holds = false;
+        if (!TryCompare(condition, holds)) return false;
+        if (holds == list.anyMode) result = holds;
+        if (!holds && !list.anyMode) return true;
+    }
+    return true;
+}
+
 bool EvalConditionList(const ConditionList& list) {
-    bool result = !list.anyMode;
+    bool result = false;
+    if (TryConditionList(list, result)) return result;
+    result = !list.anyMode;
     for (const Comparison& condition : list.conditions) {
         const bool holds = EvalComparison(condition);
         if (list.anyMode) {

@@ -61,5 +61,8 @@ struct ConditionList {
 
 ConditionList PlanConditionList(std::u16string_view text, int code, bool anyMode);
 bool EvalConditionList(const ConditionList& list);
+// The short road (core/short_roads.h) of EvalConditionList: false, with nothing done, unless all its
+// words are numbers, or constants and variables that are compared as equal or not.
+bool TryConditionList(const ConditionList& list, bool& result);
 
 }  // namespace velm

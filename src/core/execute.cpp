@@ -10,6 +10,7 @@
 #include "core/hooks.h"
 #include "core/procedures.h"
 #include "core/sentence.h"
+#include "core/short_roads.h"
 #include "core/stack_guard.h"
 #include "core/temporary_sentence.h"
 #include "core/variables.h"
@@ -156,24 +157,60 @@ Context& TheContext() {
     return context;
 }
 
-void ExecStatement(Statement& statement) {
-    if (statement.Source.empty()) return;
-    // Its plans live in the statement, and the statement must live to the end of its run, whatever
-    // becomes of its program.
+namespace {
+
+// Runs a statement that may run others. Its plans live in it, and it must live to the end of its run,
+// whatever becomes of its program. branch: the sentence that its condition has chosen already.
+[[gnu::noinline]] void ExecGuarded(Statement& statement, TemporarySentence* branch) {
     const StatementPtr held(&statement);
     const NestingGuard guard(statement.Source.size());
     if (guard.Exhausted()) return;
     if (hooks.RestartRepeatedMedia != nullptr) hooks.RestartRepeatedMedia();
-    Attempt([&] { Dispatch(statement); });
+    Attempt([&] {
+        if (branch != nullptr) {
+            branch->Run();
+        } else {
+            Dispatch(statement);
+        }
+    });
     pendingFailure.Clear();
 }
 
-void RunLine(Statement& statement, std::int32_t& line) {
-    run.CurLine = line;
-    ExecStatement(statement);
-    if (!run.JumpFlag) return;
-    run.JumpFlag = false;
-    line = run.CurLine;
+inline bool TryAssignment(const Statement& statement) {
+    if (statement.cache == nullptr || !statement.cache->target) return false;
+    return TryAssign(*statement.cache->target, statement.WoArg);
+}
+
+inline bool TryLeaveSentence(Statement& statement) {
+    if (statement.FuncPnt != CmdLeave || !TryLeave(statement)) return false;
+    run.CurrentStatement = StatementPtr(&statement);
+    return true;
+}
+
+// Whether there is nothing to be done before or behind a statement.
+inline bool IsRoadFree() {
+    return kShortRoads && hooks.RestartRepeatedMedia == nullptr && !pendingFailure.IsSet();
+}
+
+inline bool TakesShortRoad(Statement& statement) {
+    if (statement.Kind == StatementKind::kAssignment) {
+        return IsRoadFree() && TryAssignment(statement);
+    }
+    return statement.Kind == StatementKind::kCommand && IsRoadFree() && TryLeaveSentence(statement);
+}
+
+}  // namespace
+
+bool TryStatement(Statement& statement) { return TakesShortRoad(statement); }
+
+void ExecStatement(Statement& statement) {
+    if (statement.Source.empty() || TakesShortRoad(statement)) return;
+    TemporarySentence* branch = nullptr;
+    if (statement.Kind == StatementKind::kIf && IsRoadFree()) {
+        branch = TryIf(statement);
+        if (branch != nullptr && branch->TryRun()) return;
+    }
+    ExecGuarded(statement, branch);
 }
 
 void RunComnd(const Word& sentence) {

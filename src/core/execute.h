@@ -19,6 +19,10 @@ struct Context {
 
 Context& TheContext();
 
+// The short road of ExecStatement (core/short_roads.h) for assignments and 抜ける. false, with nothing
+// done, for anything else.
+bool TryStatement(Statement& statement);
+
 // Executes one statement. A failing step is passed over, and the pending failure is cleared at the end.
 void ExecStatement(Statement& statement);
 
@@ -30,7 +34,13 @@ void RunComnd(std::u16string_view sentence);
 void RunTop(const Program& program);
 
 // Runs a line of a program that a block walker has come to, and follows a jump: line is where to go on.
-void RunLine(Statement& statement, std::int32_t& line);
+inline void RunLine(Statement& statement, std::int32_t& line) {
+    run.CurLine = line;
+    ExecStatement(statement);
+    if (!run.JumpFlag) return;
+    run.JumpFlag = false;
+    line = run.CurLine;
+}
 
 // Runs the sentences of a line that stands for several, as 。 cuts them.
 void RunSentences(Statement& statement);

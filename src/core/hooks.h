@@ -65,6 +65,8 @@ extern Hooks hooks;
 
 // Lets the platform deliver pending messages; event procedures run inside. What the caller holds of the
 // run (the current line, the flags, objects) may have changed afterwards.
-void PumpEvents();
+inline void PumpEvents() {
+    if (hooks.PumpEvents != nullptr) hooks.PumpEvents();
+}
 
 }  // namespace velm

@@ -104,7 +104,7 @@ std::u16string SetCommandLine(std::u16string_view value) {
 }
 
 std::u16string SetProgram(std::u16string_view value) {
-    auto program = std::make_shared<Program>();
+    ProgramPtr program(new Program);
     program->Statements = PrepareProgram(value);
     if (Programs.empty()) Programs.resize(1);
     Programs[0] = program;

@@ -135,6 +135,7 @@ class IfWalk {
 
     void Walk() {
         while (true) {
+            if (!running_ && !IsLeaving()) PassOver();
             if (!InProgram(line_)) {
                 RaiseError(kNoIfEnd, kIconInformation, u"", u"", -1);
                 if (nesting_.depth > kMostUnclosed) run.StopFlag = true;
@@ -142,12 +143,11 @@ class IfWalk {
             }
             if (!Step()) break;
             ++line_;
-            if (run.StopFlag || run.ReturnFlag || run.IfBreakFlag) break;
+            if (IsLeaving()) break;
         }
         if (run.StopFlag) return;
         run.IfBreakFlag = false;
-        while (InProgram(line_) && DepthOf(line_) != depth_ - 1) ++line_;
-        run.CurLine = line_ - 1;
+        run.CurLine = BehindBlock() - 1;
         run.JumpFlag = true;
     }
 
@@ -174,6 +174,27 @@ class IfWalk {
     }
     std::int32_t DepthOf(std::int32_t line) const {
         return program_->Depth[static_cast<std::size_t>(line)];
+    }
+
+    static bool IsLeaving() { return run.StopFlag || run.ReturnFlag || run.IfBreakFlag; }
+
+    // Goes on over lines that don't run to the next one where the block's branches part.
+    void PassOver() {
+        const std::vector<std::int32_t>& depths = program_->Depth;
+        auto line = static_cast<std::size_t>(line_);
+        for (; line < depths.size(); ++line) {
+            if (depths[line] != depth_) continue;
+            const LineMark mark = program_->Statements[line]->mark;
+            if (mark >= LineMark::kIfEnd && mark <= LineMark::kElseIf) break;
+        }
+        line_ = static_cast<std::int32_t>(line);
+    }
+
+    std::int32_t BehindBlock() const {
+        const std::vector<std::int32_t>& depths = program_->Depth;
+        auto line = static_cast<std::size_t>(line_);
+        while (line < depths.size() && depths[line] != depth_ - 1) ++line;
+        return static_cast<std::int32_t>(line);
     }
 
     // Looks at one line; false when the walk ends there.
@@ -225,6 +246,15 @@ void IfWalk::RunElseIf(Statement& statement) {
 }
 
 }  // namespace
+
+TemporarySentence* TryIf(const Statement& statement) {
+    if (statement.cache == nullptr || !statement.cache->condition) return nullptr;
+    const IfPlan& plan = *statement.cache->condition;
+    if (plan.error != 0 || !plan.oneLine) return nullptr;
+    bool result = false;
+    if (!TryConditionList(plan.condition, result)) return nullptr;
+    return (result ? plan.thenPart : plan.elsePart).get();
+}
 
 void ExecIf(Statement& statement) { RunPlan(PlanOf(statement, statement.WoArg)); }
 

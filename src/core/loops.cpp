@@ -148,6 +148,13 @@ class Loop {
         if (!plan_.counterTarget) return true;
         const AssignmentTarget& target = *plan_.counterTarget;
         double before = 0;
+        Value* place = target.symbol == nullptr ? nullptr : FindForChange(target.symbol);
+        const bool plain = !target.indexed && place != nullptr && place->IsPlainNumber(before);
+        // The common case, a variable that holds a number: found once, for reading and storing.
+        if (plain) {
+            place->SetNumber(before + 1);
+            return !forever_ || before != limit_;
+        }
         if (!target.indexed) {
             if (const Value* variable = FindVariable(target.symbol)) before = CountOf(*variable);
         } else {

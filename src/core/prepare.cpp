@@ -2,7 +2,6 @@
 #include "core/prepare.h"
 
 #include <algorithm>
-#include <memory>
 #include <utility>
 
 #include "core/diagnostics.h"
@@ -94,7 +93,7 @@ std::vector<StatementPtr> PrepareProgram(std::u16string_view text) {
 }
 
 std::int32_t AddProgram(std::vector<StatementPtr> statements, std::u16string_view fileName) {
-    auto program = std::make_shared<Program>();
+    ProgramPtr program(new Program);
     program->Statements = std::move(statements);
     program->FileName = fileName;
     Programs.push_back(std::move(program));

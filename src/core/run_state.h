@@ -4,10 +4,10 @@
 
 #include <atomic>
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <vector>
 
+#include "core/counted.h"
 #include "core/statement.h"
 #include "data/value.h"
 
@@ -32,7 +32,9 @@ struct Program {
     std::vector<StatementPtr> Statements;  // one a line
     std::u16string FileName;          // base name of a file added by 参照; empty: main script
     std::vector<std::int32_t> Depth;  // block depth of each line
+    std::uint32_t owners = 0;
 };
+inline void Destroy(Program* program) noexcept { delete program; }
 
 struct RunState {
     std::int32_t CurLine = 0;
@@ -77,7 +79,7 @@ extern ProcessState process;
 
 // The loaded sources; index 0 is the main script. A program that a nested run put aside lives on as
 // long as something runs in it.
-using ProgramPtr = std::shared_ptr<Program>;
+using ProgramPtr = CountedPtr<Program>;
 extern std::vector<ProgramPtr> Programs;
 
 // The program that runs.

@@ -25,17 +25,12 @@ Symbol* Statement::SourceName() {
     return own.source;
 }
 
-LoopMark Statement::VerbMark() {
-    if (loopMark != LoopMark::kUnknown) return loopMark;
+LoopMark Statement::ReadVerb() const {
     const std::u16string& verb = Verb.Text();
     const bool loop = Contains(verb, u"繰り返");
     const bool end = Contains(verb, u"終わり");
-    if (end) {
-        loopMark = loop ? LoopMark::kLoopEnd : LoopMark::kOtherEnd;
-    } else {
-        loopMark = loop ? LoopMark::kLoopHead : LoopMark::kNone;
-    }
-    return loopMark;
+    if (end) return loop ? LoopMark::kLoopEnd : LoopMark::kOtherEnd;
+    return loop ? LoopMark::kLoopHead : LoopMark::kNone;
 }
 
 }  // namespace velm

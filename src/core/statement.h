@@ -13,9 +13,9 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
+#include "core/counted.h"
 #include "core/names.h"
 #include "core/word.h"
 
@@ -55,6 +55,7 @@ struct AssignmentTarget;
 struct IfPlan;
 struct LoopPlan;
 struct CasePlan;
+struct LeavePlan;
 class SentenceList;
 
 // One split: fencing a set of particles in a Marked text depends on nothing but the two, so what it
@@ -80,6 +81,7 @@ struct StatementCache {
     std::shared_ptr<const IfPlan> condition;
     std::shared_ptr<const LoopPlan> loop;
     std::shared_ptr<const CasePlan> branch;
+    std::shared_ptr<const LeavePlan> leave;
     std::shared_ptr<SentenceList> sentences;  // of a line of several
     Symbol* source = nullptr;                 // the whole sentence as a name
 };
@@ -113,36 +115,18 @@ struct Statement {
     }
     // The symbol of the whole sentence as a name.
     Symbol* SourceName();
-    LoopMark VerbMark();
-};
-
-// Counted handle of a statement: a running sentence lives on when its program is replaced under it.
-class StatementPtr {
-  public:
-    StatementPtr() noexcept = default;
-    explicit StatementPtr(Statement* statement) noexcept : statement_(statement) { Retain(); }
-    StatementPtr(const StatementPtr& other) noexcept : statement_(other.statement_) { Retain(); }
-    StatementPtr(StatementPtr&& other) noexcept
-        : statement_(std::exchange(other.statement_, nullptr)) {}
-    StatementPtr& operator=(StatementPtr other) noexcept {
-        std::swap(statement_, other.statement_);
-        return *this;
+    LoopMark VerbMark() {
+        if (loopMark == LoopMark::kUnknown) loopMark = ReadVerb();
+        return loopMark;
     }
-    ~StatementPtr() {
-        if (statement_ != nullptr && --statement_->owners == 0) delete statement_;
-    }
-
-    Statement& operator*() const { return *statement_; }
-    Statement* operator->() const { return statement_; }
-    Statement* Get() const { return statement_; }
-    explicit operator bool() const { return statement_ != nullptr; }
 
   private:
-    void Retain() {
-        if (statement_ != nullptr) ++statement_->owners;
-    }
-
-    Statement* statement_ = nullptr;
+    LoopMark ReadVerb() const;
 };
+
+inline void Destroy(Statement* statement) noexcept { delete statement; }
+
+// A running sentence lives on when its program is replaced under it.
+using StatementPtr = CountedPtr<Statement>;
 
 }  // namespace velm

@@ -26,6 +26,8 @@ class TemporarySentence {
         // Puts everything back to what a fresh analysis gives.
         void Renew();
         void Exec();
+        // The statement, when nothing that it is bound to has changed since it last ran; else nullptr.
+        Statement* IfBound() const;
 
       private:
         StatementPtr statement_;
@@ -47,6 +49,9 @@ class TemporarySentence {
 
     // Runs the sentence once.
     void Run();
+    // The short road of Run (core/short_roads.h) for no sentence at all and what TryStatement takes: such a
+    // sentence leaves its statement as it found it, so that nothing needs to be renewed.
+    bool TryRun();
 
     const Word& Text() const { return text_; }
 

@@ -6,9 +6,9 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
+#include "core/counted.h"
 #include "core/names.h"
 #include "core/word.h"
 #include "data/value.h"
@@ -34,6 +34,7 @@ class Scope {
     // Adds a variable; one of that name that is there already stays as it is, and false is returned.
     bool Add(const Word& name, Value value);
     const std::vector<Local>& InOrder() const { return locals_; }
+    void Clear() { locals_.clear(); }
 
     std::uint32_t owners = 0;
 
@@ -41,35 +42,11 @@ class Scope {
     std::vector<Local> locals_;
 };
 
-// Counted handle of a scope.
-class ScopePtr {
-  public:
-    ScopePtr() noexcept = default;
-    explicit ScopePtr(Scope* scope) noexcept : scope_(scope) { Retain(); }
-    ScopePtr(const ScopePtr& other) noexcept : scope_(other.scope_) { Retain(); }
-    ScopePtr(ScopePtr&& other) noexcept : scope_(std::exchange(other.scope_, nullptr)) {}
-    ScopePtr& operator=(ScopePtr other) noexcept {
-        std::swap(scope_, other.scope_);
-        return *this;
-    }
-    ~ScopePtr() {
-        if (scope_ != nullptr && --scope_->owners == 0) Destroy(scope_);
-    }
+void Destroy(Scope* scope) noexcept;
+using ScopePtr = CountedPtr<Scope>;
 
-    Scope& operator*() const { return *scope_; }
-    Scope* operator->() const { return scope_; }
-    explicit operator bool() const { return scope_ != nullptr; }
-    bool IsShared() const { return scope_->owners > 1; }
-
-  private:
-    void Retain() {
-        if (scope_ != nullptr) ++scope_->owners;
-    }
-
-    static void Destroy(Scope* scope) noexcept;
-
-    Scope* scope_ = nullptr;
-};
+// An empty scope. Those that nobody owns any more are used again, so that a call needs no memory.
+ScopePtr MakeScope();
 
 // The local variables in force; null when there are none.
 extern ScopePtr Locals;
@@ -100,6 +77,16 @@ inline const Value* FindVariable(const Symbol* symbol) {
         if (const Value* local = Locals->Find(symbol)) return local;
     }
     const xxCmdData* entry = symbol->Entry(TableKind::kGlobals);
+    return entry == nullptr ? nullptr : &entry->Value;
+}
+
+// The variable of a name, to be changed; nullptr when there is none.
+inline Value* FindForChange(const Symbol* symbol) {
+    if (Locals) {
+        Value* local = Locals->Find(symbol);
+        if (local != nullptr) return Locals.IsShared() ? LocalsForChange().Find(symbol) : local;
+    }
+    xxCmdData* entry = symbol->Entry(TableKind::kGlobals);
     return entry == nullptr ? nullptr : &entry->Value;
 }
 

@@ -37,10 +37,6 @@ std::set<std::int32_t>& UsedMessages() {
     return numbers;
 }
 
-void PumpEvents() {
-    if (hooks.PumpEvents != nullptr) hooks.PumpEvents();
-}
-
 Velm& TheEngine() {
     static Velm engine;
     return engine;
@@ -87,7 +83,7 @@ namespace {
 
 // Prepares source into a program that runs at index 0.
 ProgramPtr PrepareMain(std::u16string_view source, bool hosted) {
-    auto program = std::make_shared<Program>();
+    ProgramPtr program(new Program);
     program->Statements = PrepareProgram(source);
     if (!hosted) {
         ScanBlocks(*program);
@@ -128,7 +124,7 @@ void Velm::Run(std::u16string_view source, std::u16string_view path, bool nested
             process.ProgramPath = GoToFolderOf(path);
         }
         ResetRunState();
-        Programs.assign(1, std::make_shared<Program>());
+        Programs.assign(1, ProgramPtr(new Program));
     }
     const ProgramPtr program = PrepareMain(source, hosted);
     Programs[0] = program;

@@ -6,9 +6,7 @@
 
 namespace velm {
 
-namespace {
-const std::u16string kEmptyText;
-}  // namespace
+const std::u16string Word::kEmptyText;
 
 Word::Word(std::u16string_view text) {
     if (text.empty()) return;
@@ -18,24 +16,20 @@ Word::Word(std::u16string_view text) {
 
 void Word::Destroy(Body* body) noexcept { delete body; }
 
-const std::u16string& Word::Text() const { return body_ == nullptr ? kEmptyText : body_->text; }
-
 const WordPlan& Word::MakePlan() const {
     body_->plan = PlanWord(body_->text);
     return *body_->plan;
 }
 
-const std::vector<Word>& Word::Pieces() const {
+const std::vector<Word>& Word::MakePieces() const {
     static const std::vector<Word> none;
     if (body_ == nullptr) return none;
-    if (!body_->pieces) {
-        body_->pieces = std::make_unique<const std::vector<Word>>(CutWords(body_->text));
-    }
+    body_->pieces = std::make_unique<const std::vector<Word>>(CutWords(body_->text));
     return *body_->pieces;
 }
 
-Symbol* Word::AsName() const {
-    if (body_->symbol == nullptr) body_->symbol = Intern(body_->text);
+Symbol* Word::MakeName() const {
+    body_->symbol = Intern(body_->text);
     return body_->symbol;
 }
 

@@ -399,22 +399,48 @@ double NumericPrefix(std::u16string_view text) {
     return *number;
 }
 
-std::u16string FormatNumber(double number) { return ToText(NumberText(number, kDigits)); }
-
 std::u16string FormatSingle(float number) {
     return ToText(NumberText(static_cast<double>(number), kSingleDigits));
 }
 
+namespace {
+
+// The common case of AppendNumber, told digit by digit.
+void AppendShortInteger(std::u16string& text, double number) {
+    char16_t digits[kDigits + 1];
+    char16_t* const end = std::end(digits);
+    char16_t* first = end;
+    std::uint64_t rest = static_cast<std::uint64_t>(std::abs(number));
+    do {
+        *--first = static_cast<char16_t>(u'0' + rest % 10);
+        rest /= 10;
+    } while (rest != 0);
+    if (number < 0) *--first = u'-';
+    text.append(first, end);
+}
+
+}  // namespace
+
 void AppendNumber(std::u16string& text, double number) {
+    if (IsShortInteger(number)) {
+        AppendShortInteger(text, number);
+        return;
+    }
     const NumberText digits(number, kDigits);
     text.append(digits.begin(), digits.end());
+}
+
+std::u16string FormatNumber(double number) {
+    std::u16string text;
+    AppendNumber(text, number);
+    return text;
 }
 
 double RoundFraction(double number) {
     const double magnitude = std::abs(number);
     if (CanScale(magnitude)) {
         const Scaled scaled = ScaleToDigits(magnitude);
-        return std::copysign(scaled.digits / PowerOfTen(scaled.places), number);
+        return std::copysign(scaled.digits / PowerOfTen(scaled.places), number) + 0.0;
     }
     if (!std::isfinite(number)) return number;
     const NumberText text(number, kDigits);

@@ -11,12 +11,6 @@ namespace velm {
 
 namespace {
 
-#ifdef VELM_NO_CACHES
-constexpr bool kCaches = false;
-#else
-constexpr bool kCaches = true;
-#endif
-
 const std::u16string kEmptyText;
 
 // Texts longer than this grow no more: one that doubles in a loop would take the whole machine's
@@ -62,23 +56,17 @@ Value ValueOfPiece(std::u16string_view piece) {
 
 }  // namespace
 
-ValueRecord Value::kNumberRecord;
-
 Value::Value(std::u16string text) {
     if (text.empty()) return;
     record_ = new ValueRecord;
     record_->text = std::move(text);
 }
 
-Value Value::OfNumber(double number) {
+Value Value::OfNumberWithText(double number) {
     Value value;
-    value.number_ = RoundToText(number) + 0.0;  // + 0.0 turns -0 into 0
-    value.record_ = &kNumberRecord;
-    value.Retain();
-    if (!kCaches) {
-        value.MakeText();
-        value.record_->numberState = NumberState::kUnknown;
-    }
+    value.number_ = number;
+    value.MakeText();
+    value.record_->numberState = NumberState::kUnknown;
     return value;
 }
 
@@ -89,26 +77,21 @@ const std::u16string& Value::MakeText() const {
     record->text = FormatNumber(number_);
     record->number = number_;
     record->numberState = NumberState::kNumber;
-    const_cast<Value*>(this)->Release();
     record_ = record;
     return record->text;
 }
 
 const std::u16string& Value::Text() const {
     if (record_ == nullptr) return kEmptyText;
-    if (record_ == &kNumberRecord) return MakeText();
+    if (IsNumberOnly()) return MakeText();
     UpdateText(*record_);
     return record_->text;
 }
 
-bool Value::IsEmpty() const {
-    if (record_ == nullptr) return true;
-    if (record_ == &kNumberRecord) return false;
-    return record_->textValid ? record_->text.empty() : JoinsToNothing(*record_);
-}
+bool Value::FormIsEmpty() const { return JoinsToNothing(*record_); }
 
 std::optional<double> Value::Number() const {
-    if (record_ == &kNumberRecord) return number_;
+    if (IsNumberOnly()) return number_;
     if (record_ == nullptr) return std::nullopt;
     const std::optional<double> number = NumberOfRecord(*record_);
     if (!kCaches) record_->numberState = NumberState::kUnknown;
@@ -116,14 +99,14 @@ std::optional<double> Value::Number() const {
 }
 
 bool Value::SameText(const Value& other) const {
-    if (record_ == &kNumberRecord && other.record_ == &kNumberRecord) {
+    if (IsNumberOnly() && other.IsNumberOnly()) {
         return number_ == other.number_;
     }
     return Text() == other.Text();
 }
 
 void Value::AppendTo(std::u16string& out) const {
-    if (record_ == &kNumberRecord) {
+    if (IsNumberOnly()) {
         AppendNumber(out, number_);
     } else if (record_ != nullptr) {
         out.append(Text());
@@ -134,7 +117,7 @@ void Value::AppendTo(std::u16string& out) const {
 ValueRecord& Value::Record() const {
     if (record_ == nullptr) {
         record_ = new ValueRecord;
-    } else if (record_ == &kNumberRecord) {
+    } else if (IsNumberOnly()) {
         MakeText();
     }
     return *record_;
@@ -170,6 +153,28 @@ void Value::Append(const Value& tail) {
     Changed(TruthForm::kText);
 }
 
+bool Value::TryAppend(std::span<const Value* const> tails) {
+    constexpr std::size_t kLongestTail = 4096;
+    if (!HasRecord() || record_->owners != 1 || record_->truth != TruthForm::kText) return false;
+    std::u16string& text = record_->text;
+    const std::size_t size = text.size();
+    if (size == 0 || size > kLongestGrowing / 2) return false;
+    for (const Value* tail : tails) {
+        if (!tail->HasRecord()) continue;
+        if (!tail->record_->textValid || tail->record_->text.size() > kLongestTail) return false;
+    }
+    const bool done = Attempt([&] {
+        for (const Value* tail : tails) tail->AppendTo(text);
+    });
+    if (!done) {
+        pendingFailure.Clear();
+        text.resize(size);
+        return false;
+    }
+    Changed(TruthForm::kText);
+    return true;
+}
+
 // Told after a change: the form that was changed is the truth, the others are dropped.
 void Value::Changed(TruthForm truth) {
     ValueRecord& record = *record_;
@@ -184,7 +189,7 @@ void Value::Changed(TruthForm truth) {
 }
 
 void Value::DropForms() const {
-    if (record_ == nullptr || record_ == &kNumberRecord) return;
+    if (!HasRecord()) return;
     UpdateText(*record_);
     record_->truth = TruthForm::kText;
     record_->forms.reset();
@@ -251,6 +256,42 @@ void Value::SetCell(std::size_t column, Value item) {
     if (column >= form.cells.size()) form.cells.resize(column + 1);
     form.cells[column] = std::move(item);
     Changed(TruthForm::kCells);
+}
+
+bool Value::TryCellNumber(std::size_t column, double& number) const {
+    if (!HasRecord() || !record_->forms || !record_->forms->cells) return false;
+    const CellsForm& form = *record_->forms->cells;
+    if (!form.unpacked) return IsCanonicalNumber(CellAt(record_->text, form, column), number);
+    return column < form.cells.size() && form.cells[column].IsPlainNumber(number);
+}
+
+bool Value::TryRowCellNumber(std::size_t row, std::size_t column, double& number) const {
+    if (!HasRecord() || !record_->forms || !record_->forms->rows) return false;
+    const RowsForm& form = *record_->forms->rows;
+    return row < form.rows.size() && form.rows[row].TryCellNumber(column, number);
+}
+
+// Whether a change within the form of this kind leaves nothing to be told (see Changed).
+bool Value::IsSoleTruth(TruthForm truth) const {
+    if (!HasRecord() || record_->owners != 1 || record_->truth != truth) return false;
+    return !record_->textValid;
+}
+
+bool Value::TrySetCellNumber(std::size_t column, double number) {
+    if (!IsSoleTruth(TruthForm::kCells)) return false;
+    std::vector<Value>& cells = record_->forms->cells->cells;
+    if (column >= cells.size()) return false;
+    cells[column].SetHeldNumber(number);
+    record_->numberState = NumberState::kUnknown;
+    return true;
+}
+
+bool Value::TrySetRowCellNumber(std::size_t row, std::size_t column, double number) {
+    if (!IsSoleTruth(TruthForm::kRows)) return false;
+    std::vector<Value>& rows = record_->forms->rows->rows;
+    if (row >= rows.size() || !rows[row].TrySetCellNumber(column, number)) return false;
+    record_->numberState = NumberState::kUnknown;
+    return true;
 }
 
 std::size_t Value::CellCount() const {

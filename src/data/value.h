@@ -18,6 +18,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -35,7 +36,14 @@ class Value {
     explicit Value(std::u16string_view text) : Value(std::u16string(text)) {}
     explicit Value(const char16_t* text) : Value(std::u16string(text)) {}
     // A number; its text is the number with at most 15 significant digits.
-    static Value OfNumber(double number);
+    static Value OfNumber(double number) {
+        const double rounded = RoundToText(number);
+        if (!kCaches) return OfNumberWithText(rounded);
+        Value value;
+        value.record_ = NumberMark();
+        value.number_ = rounded;
+        return value;
+    }
     static Value OfInteger(std::int64_t number) { return OfNumber(static_cast<double>(number)); }
     static Value OfBool(bool flag) { return OfNumber(flag ? 1 : 0); }
 
@@ -66,35 +74,51 @@ class Value {
 
     // The text. The reference holds until this value changes or dies.
     const std::u16string& Text() const;
-    bool IsEmpty() const;
+    bool IsEmpty() const {
+        if (!HasRecord()) return record_ == nullptr;
+        return record_->textValid ? record_->text.empty() : FormIsEmpty();
+    }
     // The number that the text is, by the numeric test; nothing when it is no number.
     std::optional<double> Number() const;
     bool IsNumeric() const { return Number().has_value(); }
     // The plain conversion: 0 for a text that is no number.
-    double NumberOrZero() const {
-        return record_ == &kNumberRecord ? number_ : Number().value_or(0);
-    }
+    double NumberOrZero() const { return IsNumberOnly() ? number_ : Number().value_or(0); }
     // True, with the number, when this value is held as a number and nobody asked for text yet.
     bool IsPlainNumber(double& number) const {
         number = number_;
-        return record_ == &kNumberRecord;
+        return IsNumberOnly();
     }
     // Takes another number in place of the one that is held without a text. False, with nothing changed,
     // when this is no such value.
     bool SetNumber(double number) {
-        if (record_ != &kNumberRecord) return false;
-        number_ = RoundToText(number) + 0.0;
+        if (!IsNumberOnly()) return false;
+        number_ = RoundToText(number);
         return true;
     }
+    // Takes a number that some value held, and which is therefore rounded.
+    void SetHeldNumber(double number) {
+        if (!kCaches) {
+            *this = OfNumber(number);
+            return;
+        }
+        if (HasRecord()) Release();
+        record_ = NumberMark();
+        number_ = number;
+    }
     bool SameText(const Value& other) const;
+    // Whether both are known to be no numbers, so that comparing them is comparing texts.
+    bool AreKnownTexts(const Value& other) const { return IsKnownText() && other.IsKnownText(); }
     // Adds the text to out, without keeping a text for a number that has none yet.
     void AppendTo(std::u16string& out) const;
 
     // Appends in place when this value is the only owner of its text.
     void Append(const Value& tail);
+    // The short road of Append for several tails: false, with nothing changed, unless this is a text with
+    // no other owner, and neither it nor a tail is very long. No tail may be this value itself.
+    bool TryAppend(std::span<const Value* const> tails);
     // Whether both are the same record, so that giving up the one makes the other sole owner.
     bool SharesRecordWith(const Value& other) const {
-        return record_ != nullptr && record_ != &kNumberRecord && record_ == other.record_;
+        return HasRecord() && record_ == other.record_;
     }
 
     // Items by number, from 0, of the text cut at "," "、" "，"; the raw item, still escaped. An item
@@ -104,6 +128,14 @@ class Value {
     // commas of the text become ",".
     void SetCell(std::size_t column, Value item);
     std::size_t CellCount() const;
+
+    // The short road of Cell and RowCell to a plain number: false unless the cells are at hand.
+    bool TryCellNumber(std::size_t column, double& number) const;
+    bool TryRowCellNumber(std::size_t row, std::size_t column, double& number) const;
+    // The short road of SetCell and SetRowCell: false, with nothing changed, unless the cell is there, the
+    // form with it is the truth and the only one, and nobody else holds it.
+    bool TrySetCellNumber(std::size_t column, double number);
+    bool TrySetRowCellNumber(std::size_t row, std::size_t column, double number);
 
     // Rows by number, from 0, of the text cut at CR LF. A row past the end is the empty text.
     Value Row(std::size_t row) const;
@@ -119,19 +151,34 @@ class Value {
     void SetEntry(std::u16string_view key, const Value& value);
 
   private:
-    static ValueRecord kNumberRecord;  // stands for "a number whose text nobody asked for"
+#ifdef VELM_NO_CACHES
+    static constexpr bool kCaches = false;
+#else
+    static constexpr bool kCaches = true;
+#endif
+
+    // In place of a record: a number whose text nobody asked for. Nothing lies there.
+    static ValueRecord* NumberMark() { return reinterpret_cast<ValueRecord*>(1); }
+    bool IsNumberOnly() const { return record_ == NumberMark(); }
+    bool HasRecord() const { return reinterpret_cast<std::uintptr_t>(record_) > 1; }
+    static Value OfNumberWithText(double number);
+    bool IsKnownText() const {
+        return HasRecord() && record_->textValid && record_->numberState == NumberState::kNone;
+    }
 
     void Retain() const noexcept {
-        if (record_ != nullptr) ++record_->owners;
+        if (HasRecord()) ++record_->owners;
     }
     void Release() noexcept {
-        if (record_ != nullptr && --record_->owners == 0) Destroy(record_);
+        if (HasRecord() && --record_->owners == 0) Destroy(record_);
         record_ = nullptr;
     }
     static void Destroy(ValueRecord* record) noexcept;
     const std::u16string& MakeText() const;
+    bool FormIsEmpty() const;
     ValueRecord& Record() const;
     ValueRecord& OwnRecord();
+    bool IsSoleTruth(TruthForm truth) const;
     CellsForm& Cells() const;
     RowsForm& Rows() const;
     EntriesForm& Entries() const;

@@ -59,7 +59,7 @@ class IfBlocksTest : public testing::Test {
     void SetUp() override {
         TheEngine();
         ResetRunState();
-        Programs.assign(1, std::make_shared<Program>());
+        Programs.assign(1, ProgramPtr(new Program));
     }
     void TearDown() override {
         ResetRunState();

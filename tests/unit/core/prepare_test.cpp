@@ -79,10 +79,10 @@ TEST_F(PrepareTest, EveryLineIsOneStatement) {
 TEST_F(PrepareTest, AnEmptyTextIsOneEmptyLine) { EXPECT_EQ(PrepareProgram(u"").size(), 1U); }
 
 TEST_F(PrepareTest, ProgramsAreAppended) {
-    Programs.assign(1, std::make_shared<Program>());
+    Programs.assign(1, ProgramPtr(new Program));
     EXPECT_EQ(AddProgram(PrepareProgram(u"a"), u"x.vlm"), 1);
     EXPECT_EQ(Programs[1]->FileName, u"x.vlm");
-    Programs.assign(1, std::make_shared<Program>());
+    Programs.assign(1, ProgramPtr(new Program));
 }
 
 }  // namespace

@@ -62,7 +62,7 @@ class RunTwiceTest : public testing::TestWithParam<const char*> {
   protected:
     void TearDown() override {
         ResetRunState();
-        Programs.assign(1, std::make_shared<Program>());
+        Programs.assign(1, ProgramPtr(new Program));
         run.Status = RunStatus::kIdle;
     }
 };

@@ -29,7 +29,7 @@ class VelmTest : public testing::Test {
         TheEngine().hosted = false;
         ResetProcess();
         ResetRunState();
-        Programs.assign(1, std::make_shared<Program>());
+        Programs.assign(1, ProgramPtr(new Program));
         run.Status = RunStatus::kIdle;
     }
 
