@@ -1,10 +1,59 @@
 // Small operations on UTF-16 text.
 #include "data/text.h"
 
+#include <bit>
+#include <cstring>
+
 #include "data/failure.h"
 #include "data/width.h"
 
 namespace velm {
+
+namespace {
+
+constexpr std::size_t kUnitsAStep = sizeof(std::uint64_t) / sizeof(char16_t);
+constexpr std::uint64_t kEachUnit = 0x0001000100010001U;
+constexpr std::uint64_t kHighBits = 0x8000800080008000U;
+
+// High bits where the units at the place are the wanted one; above the first of them there may be
+// others that mean nothing.
+std::uint64_t MatchingUnits(const char16_t* at, std::uint64_t wanted) {
+    std::uint64_t units = 0;
+    std::memcpy(&units, at, sizeof units);
+    units ^= wanted;
+    return (units - kEachUnit) & ~units & kHighBits;
+}
+
+// The first such unit at or behind the offset, or the size of the text.
+std::size_t FindUnit(std::u16string_view text, char16_t unit, std::size_t from) {
+    const char16_t* units = text.data();
+    if constexpr (std::endian::native == std::endian::little) {
+        const std::uint64_t wanted = kEachUnit * unit;
+        for (; from + kUnitsAStep <= text.size(); from += kUnitsAStep) {
+            const std::uint64_t found = MatchingUnits(units + from, wanted);
+            if (found != 0) {
+                return from + static_cast<std::size_t>(std::countr_zero(found)) / 16;
+            }
+        }
+    }
+    while (from < text.size() && units[from] != unit) ++from;
+    return from;
+}
+
+}  // namespace
+
+std::size_t FindText(std::u16string_view text, std::u16string_view needle, std::size_t from) {
+    if (needle.empty()) return text.find(needle, from);
+    if (needle.size() > text.size()) return kNotFound;
+    const std::u16string_view heads = text.substr(0, text.size() - needle.size() + 1);
+    const std::u16string_view tail = needle.substr(1);
+    for (; from < heads.size(); ++from) {
+        from = FindUnit(heads, needle.front(), from);
+        if (from == heads.size()) break;
+        if (text.compare(from + 1, tail.size(), tail) == 0) return from;
+    }
+    return kNotFound;
+}
 
 std::u16string_view TrimLeft(std::u16string_view text) {
     const std::size_t first = text.find_first_not_of(u' ');
@@ -25,9 +74,15 @@ std::u16string_view TrimRight(std::u16string_view text, std::size_t n) {
 std::u16string ReplaceAll(std::u16string_view text, std::u16string_view needle,
                           std::u16string_view replacement) {
     if (needle.empty()) return std::u16string(text);
+    std::size_t hit = FindText(text, needle);
+    if (hit == kNotFound) return std::u16string(text);
     std::u16string out;
+    // A text that grows is counted first: to grow by doubling costs more than a second look.
+    out.reserve(replacement.size() <= needle.size()
+                    ? text.size()
+                    : text.size() + CountOf(text, needle) * (replacement.size() - needle.size()));
     std::size_t from = 0;
-    for (std::size_t hit = text.find(needle); hit != kNotFound; hit = text.find(needle, from)) {
+    for (; hit != kNotFound; hit = FindText(text, needle, from)) {
         out.append(text.substr(from, hit - from)).append(replacement);
         from = hit + needle.size();
     }
@@ -38,8 +93,8 @@ std::vector<std::u16string_view> Split(std::u16string_view text, std::u16string_
     std::vector<std::u16string_view> parts;
     std::size_t from = 0;
     if (!separator.empty()) {
-        for (std::size_t hit = text.find(separator); hit != kNotFound;
-             hit = text.find(separator, from)) {
+        for (std::size_t hit = FindText(text, separator); hit != kNotFound;
+             hit = FindText(text, separator, from)) {
             parts.push_back(text.substr(from, hit - from));
             from = hit + separator.size();
         }
@@ -62,8 +117,8 @@ std::u16string Join(const std::vector<std::u16string>& parts, std::u16string_vie
 std::size_t CountOf(std::u16string_view text, std::u16string_view needle) {
     if (needle.empty()) return 0;
     std::size_t count = 0;
-    for (std::size_t hit = text.find(needle); hit != kNotFound;
-         hit = text.find(needle, hit + needle.size())) {
+    for (std::size_t hit = FindText(text, needle); hit != kNotFound;
+         hit = FindText(text, needle, hit + needle.size())) {
         ++count;
     }
     return count;
@@ -73,7 +128,7 @@ std::size_t NthToken(std::u16string_view text, std::u16string_view needle, std::
     if (needle.empty() || n == 0) return 0;
     std::size_t from = 0;
     for (std::size_t count = 1;; ++count) {
-        const std::size_t hit = text.find(needle, from);
+        const std::size_t hit = FindText(text, needle, from);
         if (hit == kNotFound) return 0;
         if (count == n) return hit + 1;
         from = hit + needle.size();
