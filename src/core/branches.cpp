@@ -9,6 +9,7 @@
 #include "core/diagnostics.h"
 #include "core/eval.h"
 #include "core/sentence.h"
+#include "core/short_roads.h"
 #include "core/temporary_sentence.h"
 #include "core/word_lists.h"
 #include "data/brackets.h"
@@ -22,6 +23,14 @@ struct CasePlan {
     Word value;                                   // unless a list
     std::u16string items;                         // the list as written
     std::shared_ptr<TemporarySentence> sentence;  // none: the case's lines follow
+};
+
+// What 抜ける says, read off the statement when its fences were in a certain state; the text decides what
+// that is. In another state its words are asked for, which sets the fences.
+struct LeavePlan {
+    std::uint32_t fences = 0;
+    bool RunState::*flag = nullptr;
+    Word with;
 };
 
 namespace {
@@ -191,17 +200,49 @@ void CmdBranch(Statement& statement, Context& /*context*/) {
     Branch(EvalWord(statement.HeArg)).Run();
 }
 
-void CmdLeave(Statement& statement, Context& /*context*/) {
+namespace {
+
+bool RunState::*FlagOf(std::u16string_view what) {
+    if (what == kIfName) return &RunState::IfBreakFlag;
+    return what == kLoopName ? &RunState::LoopBreakFlag : &RunState::ReturnFlag;
+}
+
+LeavePlan PlanLeave(Statement& statement) {
     const auto [from, with] = GetWords(statement, u"から", u"で");
-    const Word what = from.IsEmpty() ? statement.WoArg : from;
-    if (!with.IsEmpty()) run.Response = EvalWord(with);
-    if (what.Text() == kIfName) {
-        run.IfBreakFlag = true;
-    } else if (what.Text() == kLoopName) {
-        run.LoopBreakFlag = true;
-    } else {
-        run.ReturnFlag = true;
+    return {statement.fences, FlagOf(from.IsEmpty() ? statement.WoArg : from), with};
+}
+
+bool IsPlanned(const Statement& statement) {
+    return kShortRoads && statement.cache != nullptr && statement.cache->leave &&
+           statement.cache->leave->fences == statement.fences;
+}
+
+}  // namespace
+
+void CmdLeave(Statement& statement, Context& /*context*/) {
+    if (!IsPlanned(statement)) {
+        statement.Cache().leave = std::make_shared<LeavePlan>(PlanLeave(statement));
     }
+    const LeavePlan plan = *statement.cache->leave;  // what the word runs may drop the statement
+    if (!plan.with.IsEmpty()) run.Response = EvalWord(plan.with);
+    run.*plan.flag = true;
+}
+
+bool TryLeave(Statement& statement) {
+    if (!IsPlanned(statement)) return false;
+    const LeavePlan& plan = *statement.cache->leave;
+    if (!plan.with.IsEmpty()) {
+        double number = 0;
+        if (const Value* value = TryValue(plan.with)) {
+            run.Response = *value;
+        } else if (TryNumber(plan.with, number)) {
+            run.Response = Value::OfNumber(number);
+        } else {
+            return false;
+        }
+    }
+    run.*plan.flag = true;
+    return true;
 }
 
 // Kept: a label at the first line counts as not found.

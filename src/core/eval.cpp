@@ -83,9 +83,10 @@ Value EvalKnownName(const WordPlan& plan) {
     return UnknownWord(plan);
 }
 
-// A name that is no plain variable.
-[[gnu::noinline]] Value EvalOtherName(const WordPlan& plan) {
+// A name, with or without an index or arguments.
+Value EvalName(const WordPlan& plan) {
     if (const Value* variable = FindVariable(plan.symbol)) {
+        if (plan.arguments.IsEmpty()) return *variable;
         return ReadIndexed(*variable, plan.name, plan.arguments.Pieces());
     }
     if (wordDictionary != nullptr && plan.kind == PlanKind::kName) {
@@ -95,17 +96,14 @@ Value EvalKnownName(const WordPlan& plan) {
     return EvalKnownName(plan);
 }
 
-[[gnu::noinline]] Value EvalOther(const WordPlan& plan) {
+Value EvalOther(const WordPlan& plan) {
     switch (plan.kind) {
         case PlanKind::kJoin: return EvalJoin(plan, 0);
         case PlanKind::kHoles: return EvalHoles(plan);
         case PlanKind::kArithmetic: return Value::OfNumber(Evaluate(*plan.expression));
         case PlanKind::kBracketed: return EvalWord(plan.parts[0]);
-        case PlanKind::kCall: {
-            const Value* variable = FindVariable(plan.symbol);
-            if (variable != nullptr && plan.arguments.IsEmpty()) return *variable;
-            return EvalOtherName(plan);
-        }
+        case PlanKind::kName:
+        case PlanKind::kCall: return EvalName(plan);
         default: return Value();
     }
 }
@@ -124,8 +122,7 @@ inline const Value* SimpleValue(const WordPlan& plan) {
 [[gnu::noinline]] Value EvalGuarded(const Word held) {
     const NestingGuard guard(held.Text().size());
     if (guard.Exhausted()) return Value();
-    const WordPlan& plan = held.Plan();
-    return plan.kind == PlanKind::kName ? EvalOtherName(plan) : EvalOther(plan);
+    return EvalOther(held.Plan());
 }
 
 }  // namespace

@@ -160,13 +160,19 @@ Context& TheContext() {
 namespace {
 
 // Runs a statement that may run others. Its plans live in it, and it must live to the end of its run,
-// whatever becomes of its program.
-[[gnu::noinline]] void ExecGuarded(Statement& statement) {
+// whatever becomes of its program. branch: the sentence that its condition has chosen already.
+[[gnu::noinline]] void ExecGuarded(Statement& statement, TemporarySentence* branch) {
     const StatementPtr held(&statement);
     const NestingGuard guard(statement.Source.size());
     if (guard.Exhausted()) return;
     if (hooks.RestartRepeatedMedia != nullptr) hooks.RestartRepeatedMedia();
-    Attempt([&] { Dispatch(statement); });
+    Attempt([&] {
+        if (branch != nullptr) {
+            branch->Run();
+        } else {
+            Dispatch(statement);
+        }
+    });
     pendingFailure.Clear();
 }
 
@@ -175,23 +181,36 @@ bool TryAssignment(const Statement& statement) {
     return TryAssign(*statement.cache->target, statement.WoArg);
 }
 
-}  // namespace
+bool TryLeaveSentence(Statement& statement) {
+    if (statement.FuncPnt != CmdLeave || !TryLeave(statement)) return false;
+    run.CurrentStatement = StatementPtr(&statement);
+    return true;
+}
 
-bool TryStatement(Statement& statement) {
-    if (!kShortRoads || hooks.RestartRepeatedMedia != nullptr) return false;
-    bool done = false;
-    if (statement.Kind == StatementKind::kAssignment) {
-        done = TryAssignment(statement);
-    } else if (statement.Kind == StatementKind::kIf) {
-        done = TryIf(statement);
-    }
+bool IsDone(bool done) {
     if (done) pendingFailure.Clear();
     return done;
 }
 
+}  // namespace
+
+bool TryStatement(Statement& statement) {
+    if (!kShortRoads || hooks.RestartRepeatedMedia != nullptr) return false;
+    switch (statement.Kind) {
+        case StatementKind::kAssignment: return IsDone(TryAssignment(statement));
+        case StatementKind::kCommand: return IsDone(TryLeaveSentence(statement));
+        default: return false;
+    }
+}
+
 void ExecStatement(Statement& statement) {
     if (statement.Source.empty() || TryStatement(statement)) return;
-    ExecGuarded(statement);
+    TemporarySentence* branch = nullptr;
+    if (kShortRoads && statement.Kind == StatementKind::kIf) {
+        branch = TryIf(statement);
+        if (branch != nullptr && branch->TryRun()) return;
+    }
+    ExecGuarded(statement, branch);
 }
 
 void RunComnd(const Word& sentence) {

@@ -19,8 +19,8 @@ struct Context {
 
 Context& TheContext();
 
-// The short road of ExecStatement (core/short_roads.h) for assignments, and for a もし of one line whose
-// sentence is such an assignment or none. false, with nothing done, for anything else.
+// The short road of ExecStatement (core/short_roads.h) for assignments and 抜ける. false, with nothing
+// done, for anything else.
 bool TryStatement(Statement& statement);
 
 // Executes one statement. A failing step is passed over, and the pending failure is cleared at the end.

@@ -238,13 +238,13 @@ void IfWalk::RunElseIf(Statement& statement) {
 
 }  // namespace
 
-bool TryIf(const Statement& statement) {
-    if (statement.cache == nullptr || !statement.cache->condition) return false;
+TemporarySentence* TryIf(const Statement& statement) {
+    if (statement.cache == nullptr || !statement.cache->condition) return nullptr;
     const IfPlan& plan = *statement.cache->condition;
-    if (plan.error != 0 || !plan.oneLine) return false;
+    if (plan.error != 0 || !plan.oneLine) return nullptr;
     bool result = false;
-    if (!TryConditionList(plan.condition, result)) return false;
-    return (result ? plan.thenPart : plan.elsePart)->TryRun();
+    if (!TryConditionList(plan.condition, result)) return nullptr;
+    return (result ? plan.thenPart : plan.elsePart).get();
 }
 
 void ExecIf(Statement& statement) { RunPlan(PlanOf(statement, statement.WoArg)); }

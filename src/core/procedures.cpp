@@ -2,14 +2,17 @@
 #include "core/procedures.h"
 
 #include <algorithm>
+#include <array>
 #include <memory>
 #include <optional>
+#include <span>
 #include <utility>
 
 #include "core/diagnostics.h"
 #include "core/eval.h"
 #include "core/execute.h"
 #include "core/sentence.h"
+#include "core/short_roads.h"
 #include "core/stack_guard.h"
 #include "core/variables.h"
 #include "core/word_plan.h"
@@ -61,6 +64,7 @@ std::shared_ptr<const ParameterSpec> ReadSpec(const xxCmdData& entry) {
     // two fences.
     spec->byParticle.Flags = 1;
     spec->byParticle.Joshi = spec->particles;
+    spec->particleViews.assign(spec->particles.begin(), spec->particles.end());
     return spec;
 }
 
@@ -78,39 +82,35 @@ void RefuseWords(const xxCmdData& entry, std::u16string_view form) {
     RaiseMessage(text, kNoParameters, ToInt32(*buttons), entry.Name, u"", -1);
 }
 
-// The words of one call. A word that was no variable has been cleared, which keeps it from copy-out.
-using CallWords = std::vector<Word>;
+// The words of one call. The caller holds them.
+using CallWords = std::span<const Word>;
+// The words that were variables, for the copy-out; the others are empty.
+using PassedVariables = std::vector<Word>;
 
 // The value that a parameter gets: a variable's value, else what the word gives.
-Value BindWord(Word& word) {
+Value BindWord(const Word& word, Word* passed) {
     if (word.IsEmpty()) return Value();
-    if (const Value* variable = FindVariable(word.AsName())) return *variable;
-    const Word held = std::exchange(word, Word());
-    return EvalWord(held);
+    if (const Value* variable = FindVariable(word.AsName())) {
+        if (passed != nullptr) *passed = word;
+        return *variable;
+    }
+    double number = 0;
+    return TryNumber(word, number) ? Value::OfNumber(number) : EvalWord(word);
 }
 
-void BindParameters(const ParameterSpec& spec, CallWords& words, Scope& locals) {
+void BindParameters(const ParameterSpec& spec, CallWords words, Scope& locals,
+                    PassedVariables& passed) {
     const std::size_t count = std::min(words.size(), spec.names.size());
     for (std::size_t i = 0; i < count; ++i) {
         Attempt([&] {
-            Value value = BindWord(words[i]);
-            locals.Add(spec.names[i], std::move(value));
+            locals.Add(spec.names[i], BindWord(words[i], i < passed.size() ? &passed[i] : nullptr));
         });
     }
     pendingFailure.Clear();
 }
 
-CallWords WordsOfSentence(const ParameterSpec& spec, Statement& statement) {
-    if (spec.positional) return statement.WoArg.Pieces();
-    CallWords words(spec.particles.size());
-    const std::vector<std::u16string_view> particles(spec.particles.begin(), spec.particles.end());
-    Attempt([&] { SplitByParticles(statement, particles, words); });
-    return words;
-}
-
-CallWords WordsOfArguments(const ParameterSpec& spec, const Word& arguments) {
-    if (spec.positional) return arguments.Pieces();
-    CallWords words;
+std::vector<Word> SortedArguments(const ParameterSpec& spec, const Word& arguments) {
+    std::vector<Word> words;
     for (const std::u16string& word : SortByParticles(spec.byParticle, arguments)) {
         words.emplace_back(Trim(word));
     }
@@ -119,7 +119,7 @@ CallWords WordsOfArguments(const ParameterSpec& spec, const Word& arguments) {
 }
 
 // Writes each parameter's last value back to the variable that was passed.
-void CopyOut(const ParameterSpec& spec, const Scope& finished, const CallWords& words) {
+void CopyOut(const ParameterSpec& spec, const Scope& finished, const PassedVariables& words) {
     const std::size_t count = std::min(words.size(), spec.names.size());
     for (std::size_t i = 0; i < count; ++i) {
         if (words[i].IsEmpty() || spec.names[i].IsEmpty()) continue;
@@ -138,14 +138,30 @@ void RunBody(const xxCmdData& entry, ScopePtr locals) {
 }
 
 void CallWithWords(xxCmdData& entry, CallWords words) {
-    const std::shared_ptr<const ParameterSpec> spec = entry.Parameters;
-    ScopePtr locals(new Scope);
-    const ScopePtr saved = Locals;
-    BindParameters(*spec, words, *locals);
+    const ParameterSpec& spec = *entry.Parameters;
+    const bool copiesOut = entry.Name.starts_with(u'!');
+    PassedVariables passed(copiesOut ? words.size() : 0);
+    ScopePtr locals = MakeScope();
+    ScopePtr saved = Locals;
+    BindParameters(spec, words, *locals, passed);
     RunBody(entry, std::move(locals));
-    const ScopePtr finished = Locals;
-    Locals = saved;
-    if (entry.Name.starts_with(u'!') && finished) CopyOut(*spec, *finished, words);
+    std::swap(Locals, saved);
+    if (copiesOut && saved) CopyOut(spec, *saved, passed);
+}
+
+void CallWithWordsOf(xxCmdData& entry, Statement& statement) {
+    const ParameterSpec& spec = *entry.Parameters;
+    if (spec.positional) {
+        const Word held = statement.WoArg;
+        CallWithWords(entry, held.Pieces());
+        return;
+    }
+    const std::size_t count = spec.particleViews.size();
+    std::array<Word, kMostParticles> usual;
+    std::vector<Word> many(count > usual.size() ? count : 0);
+    const std::span<Word> words = many.empty() ? std::span(usual).first(count) : std::span(many);
+    Attempt([&] { SplitByParticles(statement, spec.particleViews, words); });
+    CallWithWords(entry, words);
 }
 
 void CallWithoutWords(const xxCmdData& entry) {
@@ -195,7 +211,7 @@ bool CallProcedureAsCommand(Symbol* name, bool withSource, Statement& statement)
             CallWithoutWords(*entry);
         }
     } else if (!HasRefusedSpec(*entry)) {
-        CallWithWords(*entry, WordsOfSentence(SpecOf(*entry), statement));
+        CallWithWordsOf(*entry, statement);
     }
     return true;
 }
@@ -211,8 +227,13 @@ bool CallProcedureAsWord(Symbol* name, const Word& arguments) {
         } else {
             RefuseWords(*entry, u"関数");
         }
-    } else if (!HasRefusedSpec(*entry)) {
-        CallWithWords(*entry, WordsOfArguments(SpecOf(*entry), arguments));
+    } else if (HasRefusedSpec(*entry)) {
+        return true;
+    } else if (entry->Parameters->positional) {
+        const Word held = arguments;
+        CallWithWords(*entry, held.Pieces());
+    } else {
+        CallWithWords(*entry, SortedArguments(*entry->Parameters, arguments));
     }
     return true;
 }

@@ -17,6 +17,7 @@ struct ParameterSpec {
     bool positional = false;
     bool refused = false;                   // two bracketed parameters without a particle
     std::vector<std::u16string> particles;  // one a parameter; unless positional
+    std::vector<std::u16string_view> particleViews;
     std::vector<Word> names;
     xxCmdData byParticle;  // Joshi and Flags, for calls in word form
 };

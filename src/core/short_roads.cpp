@@ -1,12 +1,10 @@
 // The short roads of words and assignments.
 #include "core/short_roads.h"
 
-#include <cmath>
 #include <cstdint>
+#include <vector>
 
 #include "core/expression.h"
-#include "core/variables.h"
-#include "core/word_plan.h"
 #include "data/numbers.h"
 
 namespace velm {
@@ -17,15 +15,9 @@ namespace {
 inline bool TryFlatNumber(const Word& word, double& number) {
     if (word.IsEmpty()) return false;
     const WordPlan& plan = word.Plan();
-    if (plan.kind == PlanKind::kName) {
-        const Value* variable = FindVariable(plan.symbol);
-        return variable != nullptr && variable->IsPlainNumber(number);
-    }
-    if (plan.kind == PlanKind::kNumber) return plan.constant.IsPlainNumber(number);
-    if (plan.kind != PlanKind::kArithmetic || !plan.expression->flat) return false;
-    if (!TryEvaluate(*plan.expression, number)) return false;
-    number = RoundToText(number);
-    return true;
+    const bool flat = plan.kind == PlanKind::kNumber || plan.kind == PlanKind::kName ||
+                      (plan.kind == PlanKind::kArithmetic && plan.expression->flat);
+    return flat && TryNumber(word, number);
 }
 
 // Where an index points to, from 0. Kept to the told rule: 0 and all that is no whole number from 1 on.
@@ -79,28 +71,15 @@ bool AssignToVariable(Value& place, const WordPlan& plan) {
 
 }  // namespace
 
-const Value* TryValue(const Word& word) {
-    if (!kShortRoads || word.IsEmpty()) return nullptr;
-    const WordPlan& plan = word.Plan();
-    switch (plan.kind) {
-        case PlanKind::kNumber:
-        case PlanKind::kText: return &plan.constant;
-        case PlanKind::kName: return FindVariable(plan.symbol);
-        default: return nullptr;
-    }
-}
-
 bool TryCell(const WordPlan& plan, double& number) {
     if (!kShortRoads || plan.kind != PlanKind::kCall || plan.arguments.IsEmpty()) return false;
     const Value* table = FindVariable(plan.symbol);
     return table != nullptr && ReadCell(*table, plan.arguments.Pieces(), number);
 }
 
-bool TryNumber(const Word& word, double& number) {
-    if (!kShortRoads || word.IsEmpty()) return false;
-    const WordPlan& plan = word.Plan();
+bool TryComputed(const WordPlan& plan, double& number) {
     if (plan.kind == PlanKind::kCall) return TryCell(plan, number);
-    if (plan.kind != PlanKind::kArithmetic) return TryFlatNumber(word, number);
+    if (plan.kind != PlanKind::kArithmetic) return false;
     if (!TryEvaluate(*plan.expression, number)) return false;
     number = RoundToText(number);
     return true;

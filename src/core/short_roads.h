@@ -7,14 +7,12 @@
 // that the two can be compared.
 #pragma once
 
-#include <vector>
-
+#include "core/variables.h"
 #include "core/word.h"
+#include "core/word_plan.h"
 #include "data/value.h"
 
 namespace velm {
-
-struct AssignmentTarget;
 
 #ifdef VELM_NO_CACHES
 inline constexpr bool kShortRoads = false;
@@ -23,13 +21,32 @@ inline constexpr bool kShortRoads = true;
 #endif
 
 // EvalWord of a constant or a variable: the value, which holds until the next store, or nullptr.
-const Value* TryValue(const Word& word);
-
-// EvalWord of a word whose value is held as a number: a number, a variable, a cell or arithmetic.
-bool TryNumber(const Word& word, double& number);
+inline const Value* TryValue(const Word& word) {
+    if (!kShortRoads || word.IsEmpty()) return nullptr;
+    const WordPlan& plan = word.Plan();
+    switch (plan.kind) {
+        case PlanKind::kNumber:
+        case PlanKind::kText: return &plan.constant;
+        case PlanKind::kName: return FindVariable(plan.symbol);
+        default: return nullptr;
+    }
+}
 
 // EvalWord of a name with an index that reaches a number in a table whose cells are at hand.
 bool TryCell(const WordPlan& plan, double& number);
+
+// The rest of TryNumber: a cell or arithmetic.
+bool TryComputed(const WordPlan& plan, double& number);
+
+// EvalWord of a word whose value is held as a number: a number, a variable, a cell or arithmetic.
+inline bool TryNumber(const Word& word, double& number) {
+    if (!kShortRoads || word.IsEmpty()) return false;
+    const WordPlan& plan = word.Plan();
+    if (plan.kind == PlanKind::kNumber) return plan.constant.IsPlainNumber(number);
+    if (plan.kind != PlanKind::kName) return TryComputed(plan, number);
+    const Value* variable = FindVariable(plan.symbol);
+    return variable != nullptr && variable->IsPlainNumber(number);
+}
 
 // AssignWord to a variable that exists, or to a cell that a number can be put in place of.
 bool TryAssign(const AssignmentTarget& target, const Word& word);

@@ -55,6 +55,7 @@ struct AssignmentTarget;
 struct IfPlan;
 struct LoopPlan;
 struct CasePlan;
+struct LeavePlan;
 class SentenceList;
 
 // One split: fencing a set of particles in a Marked text depends on nothing but the two, so what it
@@ -80,6 +81,7 @@ struct StatementCache {
     std::shared_ptr<const IfPlan> condition;
     std::shared_ptr<const LoopPlan> loop;
     std::shared_ptr<const CasePlan> branch;
+    std::shared_ptr<const LeavePlan> leave;
     std::shared_ptr<SentenceList> sentences;  // of a line of several
     Symbol* source = nullptr;                 // the whole sentence as a name
 };

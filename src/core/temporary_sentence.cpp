@@ -55,6 +55,14 @@ void TemporarySentence::Instance::Exec() {
     ExecStatement(*statement_);
 }
 
+Statement* TemporarySentence::Instance::IfBound() const {
+    if (kind_ == StatementKind::kAssignment) return statement_.Get();
+    const bool bound = statement_->Kind == StatementKind::kCommand &&
+                       statement_->FuncPnt != nullptr && commands_ == Commands.Generation() &&
+                       procedures_ == Procedures.Generation();
+    return bound ? statement_.Get() : nullptr;
+}
+
 TemporarySentence::InstancePtr TemporarySentence::Take() {
     InstancePtr instance;
 #ifndef VELM_NO_CACHES
@@ -71,8 +79,10 @@ TemporarySentence::InstancePtr TemporarySentence::Take() {
 bool TemporarySentence::TryRun() {
     if (text_.IsEmpty()) return true;
     if (spare_.empty()) return false;
-    Statement& statement = spare_.back()->Get();
-    return statement.Kind == StatementKind::kAssignment && TryStatement(statement);
+    Statement* statement = spare_.back()->IfBound();
+    if (statement == nullptr) return false;
+    if (statement->Kind == StatementKind::kCommand && !statement->exact) run.Response = Value();
+    return TryStatement(*statement);
 }
 
 void TemporarySentence::Run() {

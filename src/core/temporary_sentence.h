@@ -26,7 +26,8 @@ class TemporarySentence {
         // Puts everything back to what a fresh analysis gives.
         void Renew();
         void Exec();
-        Statement& Get() const { return *statement_; }
+        // The statement, when nothing that it is bound to has changed since it last ran; else nullptr.
+        Statement* IfBound() const;
 
       private:
         StatementPtr statement_;
@@ -48,8 +49,8 @@ class TemporarySentence {
 
     // Runs the sentence once.
     void Run();
-    // The short road of Run (core/short_roads.h) for no sentence at all and for an assignment: such a
-    // sentence changes nothing in its statement, so that none needs to be renewed.
+    // The short road of Run (core/short_roads.h) for no sentence at all and what TryStatement takes: such a
+    // sentence leaves its statement as it found it, so that nothing needs to be renewed.
     bool TryRun();
 
     const Word& Text() const { return text_; }

@@ -8,6 +8,7 @@
 #include "core/diagnostics.h"
 #include "core/eval.h"
 #include "core/expression.h"
+#include "core/short_roads.h"
 #include "core/word_plan.h"
 #include "data/brackets.h"
 #include "data/failure.h"
@@ -16,6 +17,12 @@
 #include "data/text.h"
 
 namespace velm {
+
+namespace {
+// Scopes to be used again. Stands before Locals, so that it outlives it.
+constexpr std::size_t kMostSpareScopes = 256;
+std::vector<std::unique_ptr<Scope>> spareScopes;
+}  // namespace
 
 ScopePtr Locals;
 
@@ -134,17 +141,32 @@ void StoreIndexed(const AssignmentTarget& target, Value value) {
 
 }  // namespace
 
-void Destroy(Scope* scope) noexcept { delete scope; }
+void Destroy(Scope* scope) noexcept {
+    std::unique_ptr<Scope> owned(scope);
+    if (!kShortRoads || spareScopes.size() >= kMostSpareScopes) return;
+    scope->Clear();
+    if (spareScopes.capacity() == 0) spareScopes.reserve(kMostSpareScopes);
+    spareScopes.push_back(std::move(owned));
+}
+
+ScopePtr MakeScope() {
+    if (spareScopes.empty()) return ScopePtr(new Scope);
+    ScopePtr scope(spareScopes.back().release());
+    spareScopes.pop_back();
+    return scope;
+}
 
 bool Scope::Add(const Word& name, Value value) {
-    if (name.IsEmpty() || Find(name.AsName()) != nullptr) return false;
-    locals_.push_back({name.AsName(), name, std::move(value)});
+    if (name.IsEmpty()) return false;
+    Symbol* symbol = name.AsName();
+    if (Find(symbol) != nullptr) return false;
+    locals_.push_back({symbol, name, std::move(value)});
     return true;
 }
 
 Scope& LocalsForChange() {
     if (!Locals) {
-        Locals = ScopePtr(new Scope);
+        Locals = MakeScope();
     } else if (Locals.IsShared()) {
         auto* own = new Scope(*Locals);
         own->owners = 0;

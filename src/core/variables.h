@@ -34,6 +34,7 @@ class Scope {
     // Adds a variable; one of that name that is there already stays as it is, and false is returned.
     bool Add(const Word& name, Value value);
     const std::vector<Local>& InOrder() const { return locals_; }
+    void Clear() { locals_.clear(); }
 
     std::uint32_t owners = 0;
 
@@ -43,6 +44,9 @@ class Scope {
 
 void Destroy(Scope* scope) noexcept;
 using ScopePtr = CountedPtr<Scope>;
+
+// An empty scope. Those that nobody owns any more are used again, so that a call needs no memory.
+ScopePtr MakeScope();
 
 // The local variables in force; null when there are none.
 extern ScopePtr Locals;

@@ -6,9 +6,7 @@
 
 namespace velm {
 
-namespace {
-const std::u16string kEmptyText;
-}  // namespace
+const std::u16string Word::kEmptyText;
 
 Word::Word(std::u16string_view text) {
     if (text.empty()) return;
@@ -17,8 +15,6 @@ Word::Word(std::u16string_view text) {
 }
 
 void Word::Destroy(Body* body) noexcept { delete body; }
-
-const std::u16string& Word::Text() const { return body_ == nullptr ? kEmptyText : body_->text; }
 
 const WordPlan& Word::MakePlan() const {
     body_->plan = PlanWord(body_->text);
@@ -34,8 +30,8 @@ const std::vector<Word>& Word::Pieces() const {
     return *body_->pieces;
 }
 
-Symbol* Word::AsName() const {
-    if (body_->symbol == nullptr) body_->symbol = Intern(body_->text);
+Symbol* Word::MakeName() const {
+    body_->symbol = Intern(body_->text);
     return body_->symbol;
 }
 

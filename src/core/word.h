@@ -39,7 +39,7 @@ class Word {
     }
 
     bool IsEmpty() const { return body_ == nullptr; }
-    const std::u16string& Text() const;
+    const std::u16string& Text() const { return body_ == nullptr ? kEmptyText : body_->text; }
     operator std::u16string_view() const { return Text(); }
 
     // What the text is, worked out at the first asking. Not for an empty word.
@@ -47,7 +47,7 @@ class Word {
     // The pieces between the commas outside brackets, trimmed; none for an empty word.
     const std::vector<Word>& Pieces() const;
     // The symbol of the whole text as a name. Not for an empty word.
-    Symbol* AsName() const;
+    Symbol* AsName() const { return body_->symbol != nullptr ? body_->symbol : MakeName(); }
 
   private:
     struct Body {
@@ -60,6 +60,9 @@ class Word {
 
     static void Destroy(Body* body) noexcept;
     const WordPlan& MakePlan() const;
+    Symbol* MakeName() const;
+
+    static const std::u16string kEmptyText;
 
     Body* body_ = nullptr;
 };

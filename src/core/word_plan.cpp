@@ -185,16 +185,6 @@ std::vector<Word> CutWords(std::u16string_view text) {
     return words;
 }
 
-const FunctionBinding& WordPlan::Function() const {
-    if (!bound_) Bind();
-    return function_;
-}
-
-const Value* WordPlan::AnswerWord() const {
-    if (!bound_) Bind();
-    return isAnswerWord_ ? &answerWord_ : nullptr;
-}
-
 void WordPlan::Bind() const {
     bound_ = true;
     if (symbol == nullptr) return;

@@ -59,9 +59,15 @@ class WordPlan {
     Symbol* symbol = nullptr;
 
     // The function that the name stands for with its arguments, or none; found at the first asking.
-    const FunctionBinding& Function() const;
+    const FunctionBinding& Function() const {
+        if (!bound_) Bind();
+        return function_;
+    }
     // The number of an answer word such as はい; nullptr when the name is none.
-    const Value* AnswerWord() const;
+    const Value* AnswerWord() const {
+        if (!bound_) Bind();
+        return isAnswerWord_ ? &answerWord_ : nullptr;
+    }
 
   private:
     mutable bool bound_ = false;

@@ -14,12 +14,6 @@ namespace velm {
 
 namespace {
 
-#ifdef VELM_NO_CACHES
-constexpr bool kCaches = false;
-#else
-constexpr bool kCaches = true;
-#endif
-
 const std::u16string kEmptyText;
 
 // Texts longer than this grow no more: one that doubles in a loop would take the whole machine's
@@ -50,23 +44,17 @@ std::optional<double> NumberOfRecord(ValueRecord& record) {
 
 }  // namespace
 
-ValueRecord Value::kNumberRecord;
-
 Value::Value(std::u16string text) {
     if (text.empty()) return;
     record_ = new ValueRecord;
     record_->text = std::move(text);
 }
 
-Value Value::OfNumber(double number) {
+Value Value::OfNumberWithText(double number) {
     Value value;
-    value.number_ = RoundToText(number) + 0.0;  // + 0.0 turns -0 into 0
-    value.record_ = &kNumberRecord;
-    value.Retain();
-    if (!kCaches) {
-        value.MakeText();
-        value.record_->numberState = NumberState::kUnknown;
-    }
+    value.number_ = number;
+    value.MakeText();
+    value.record_->numberState = NumberState::kUnknown;
     return value;
 }
 
@@ -77,26 +65,25 @@ const std::u16string& Value::MakeText() const {
     record->text = FormatNumber(number_);
     record->number = number_;
     record->numberState = NumberState::kNumber;
-    const_cast<Value*>(this)->Release();
     record_ = record;
     return record->text;
 }
 
 const std::u16string& Value::Text() const {
     if (record_ == nullptr) return kEmptyText;
-    if (record_ == &kNumberRecord) return MakeText();
+    if (IsNumberOnly()) return MakeText();
     UpdateText(*record_);
     return record_->text;
 }
 
 bool Value::IsEmpty() const {
     if (record_ == nullptr) return true;
-    if (record_ == &kNumberRecord) return false;
+    if (IsNumberOnly()) return false;
     return record_->textValid ? record_->text.empty() : JoinsToNothing(*record_);
 }
 
 std::optional<double> Value::Number() const {
-    if (record_ == &kNumberRecord) return number_;
+    if (IsNumberOnly()) return number_;
     if (record_ == nullptr) return std::nullopt;
     const std::optional<double> number = NumberOfRecord(*record_);
     if (!kCaches) record_->numberState = NumberState::kUnknown;
@@ -104,14 +91,14 @@ std::optional<double> Value::Number() const {
 }
 
 bool Value::SameText(const Value& other) const {
-    if (record_ == &kNumberRecord && other.record_ == &kNumberRecord) {
+    if (IsNumberOnly() && other.IsNumberOnly()) {
         return number_ == other.number_;
     }
     return Text() == other.Text();
 }
 
 void Value::AppendTo(std::u16string& out) const {
-    if (record_ == &kNumberRecord) {
+    if (IsNumberOnly()) {
         AppendNumber(out, number_);
     } else if (record_ != nullptr) {
         out.append(Text());
@@ -122,7 +109,7 @@ void Value::AppendTo(std::u16string& out) const {
 ValueRecord& Value::Record() const {
     if (record_ == nullptr) {
         record_ = new ValueRecord;
-    } else if (record_ == &kNumberRecord) {
+    } else if (IsNumberOnly()) {
         MakeText();
     }
     return *record_;
@@ -173,7 +160,7 @@ void Value::Changed(TruthForm truth) {
 }
 
 void Value::DropForms() const {
-    if (record_ == nullptr || record_ == &kNumberRecord) return;
+    if (!HasRecord()) return;
     UpdateText(*record_);
     record_->truth = TruthForm::kText;
     record_->forms.reset();
@@ -224,18 +211,18 @@ void Value::SetCell(std::size_t column, Value item) {
 }
 
 bool Value::TryCellNumber(std::size_t column, double& number) const {
-    if (record_ == nullptr || !record_->forms || !record_->forms->cells) return false;
+    if (!HasRecord() || !record_->forms || !record_->forms->cells) return false;
     return record_->forms->cells->TryNumber(record_->text, 0, column, number);
 }
 
 bool Value::TryRowCellNumber(std::size_t row, std::size_t column, double& number) const {
-    if (record_ == nullptr || !record_->forms || !record_->forms->rows) return false;
+    if (!HasRecord() || !record_->forms || !record_->forms->rows) return false;
     return record_->forms->rows->TryNumber(record_->text, row, column, number);
 }
 
 // Whether a change within the form of this kind leaves nothing to be told (see Changed).
 bool Value::IsSoleTruth(TruthForm truth) const {
-    if (record_ == nullptr || record_->owners != 1 || record_->truth != truth) return false;
+    if (!HasRecord() || record_->owners != 1 || record_->truth != truth) return false;
     return !record_->textValid;
 }
 

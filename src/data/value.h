@@ -36,7 +36,14 @@ class Value {
     explicit Value(std::u16string_view text) : Value(std::u16string(text)) {}
     explicit Value(const char16_t* text) : Value(std::u16string(text)) {}
     // A number; its text is the number with at most 15 significant digits.
-    static Value OfNumber(double number);
+    static Value OfNumber(double number) {
+        const double rounded = RoundToText(number) + 0.0;  // + 0.0 turns -0 into 0
+        if (!kCaches) return OfNumberWithText(rounded);
+        Value value;
+        value.record_ = NumberMark();
+        value.number_ = rounded;
+        return value;
+    }
     static Value OfInteger(std::int64_t number) { return OfNumber(static_cast<double>(number)); }
     static Value OfBool(bool flag) { return OfNumber(flag ? 1 : 0); }
 
@@ -72,18 +79,16 @@ class Value {
     std::optional<double> Number() const;
     bool IsNumeric() const { return Number().has_value(); }
     // The plain conversion: 0 for a text that is no number.
-    double NumberOrZero() const {
-        return record_ == &kNumberRecord ? number_ : Number().value_or(0);
-    }
+    double NumberOrZero() const { return IsNumberOnly() ? number_ : Number().value_or(0); }
     // True, with the number, when this value is held as a number and nobody asked for text yet.
     bool IsPlainNumber(double& number) const {
         number = number_;
-        return record_ == &kNumberRecord;
+        return IsNumberOnly();
     }
     // Takes another number in place of the one that is held without a text. False, with nothing changed,
     // when this is no such value.
     bool SetNumber(double number) {
-        if (record_ != &kNumberRecord) return false;
+        if (!IsNumberOnly()) return false;
         number_ = RoundToText(number) + 0.0;
         return true;
     }
@@ -95,7 +100,7 @@ class Value {
     void Append(const Value& tail);
     // Whether both are the same record, so that giving up the one makes the other sole owner.
     bool SharesRecordWith(const Value& other) const {
-        return record_ != nullptr && record_ != &kNumberRecord && record_ == other.record_;
+        return HasRecord() && record_ == other.record_;
     }
 
     // Items by number, from 0, of the text cut at "," "、" "，"; the raw item, still escaped. An item
@@ -131,13 +136,23 @@ class Value {
     void SetEntry(std::u16string_view key, const Value& value);
 
   private:
-    static ValueRecord kNumberRecord;  // stands for "a number whose text nobody asked for"
+#ifdef VELM_NO_CACHES
+    static constexpr bool kCaches = false;
+#else
+    static constexpr bool kCaches = true;
+#endif
+
+    // In place of a record: a number whose text nobody asked for. Nothing lies there.
+    static ValueRecord* NumberMark() { return reinterpret_cast<ValueRecord*>(1); }
+    bool IsNumberOnly() const { return record_ == NumberMark(); }
+    bool HasRecord() const { return reinterpret_cast<std::uintptr_t>(record_) > 1; }
+    static Value OfNumberWithText(double number);
 
     void Retain() const noexcept {
-        if (record_ != nullptr) ++record_->owners;
+        if (HasRecord()) ++record_->owners;
     }
     void Release() noexcept {
-        if (record_ != nullptr && --record_->owners == 0) Destroy(record_);
+        if (HasRecord() && --record_->owners == 0) Destroy(record_);
         record_ = nullptr;
     }
     static void Destroy(ValueRecord* record) noexcept;
