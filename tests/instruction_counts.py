@@ -33,7 +33,7 @@ START_TOLERATED = 1.30
 SIZES = {
     "start": None, "counted": 20000, "counted_proc": 20000, "until": 20000, "forever": 8000,
     "conditions": 3000, "calls": 10, "call_sentences": 10, "append": 20000, "sieve": 10000,
-    "grid": 100, "dictionary": 4000, "keys": 3000, "text_functions": 1000, "lines": 4000,
+    "grid": 100, "cells": 10, "dictionary": 4000, "keys": 3000, "text_functions": 1000, "lines": 4000,
     "fields": 6000, "replace": 20000, "sort_numbers": 5000, "sort_texts": 4000,
     "sort_rows_by_number": 2000, "sort_rows_by_text": 2000, "csv_sum": 2000, "csv_group": 1500,
 }

@@ -1,6 +1,7 @@
 // Small operations on UTF-16 text.
 #include "data/text.h"
 
+#include <array>
 #include <bit>
 #include <cstring>
 
@@ -11,29 +12,31 @@ namespace velm {
 
 namespace {
 
-constexpr std::size_t kUnitsAStep = sizeof(std::uint64_t) / sizeof(char16_t);
-constexpr std::uint64_t kEachUnit = 0x0001000100010001U;
-constexpr std::uint64_t kHighBits = 0x8000800080008000U;
+// Eight units, which one instruction compares where the machine has such.
+using EightUnits = char16_t __attribute__((vector_size(16)));
+constexpr std::size_t kUnitsAStep = 8;
 
-// High bits where the units at the place are the wanted one; above the first of them there may be
-// others that mean nothing.
-std::uint64_t MatchingUnits(const char16_t* at, std::uint64_t wanted) {
-    std::uint64_t units = 0;
+// All bits set in the units at the place that are the wanted ones: the first four and the last four.
+std::array<std::uint64_t, 2> MatchingUnits(const char16_t* at, const EightUnits& wanted) {
+    EightUnits units;
     std::memcpy(&units, at, sizeof units);
-    units ^= wanted;
-    return (units - kEachUnit) & ~units & kHighBits;
+    return std::bit_cast<std::array<std::uint64_t, 2>>(units == wanted);
+}
+
+std::size_t FirstMatch(const std::array<std::uint64_t, 2>& found) {
+    constexpr std::size_t kHalf = kUnitsAStep / 2;
+    const std::size_t half = found[0] != 0 ? 0 : 1;
+    return half * kHalf + static_cast<std::size_t>(std::countr_zero(found[half])) / 16;
 }
 
 // The first such unit at or behind the offset, or the size of the text.
 std::size_t FindUnit(std::u16string_view text, char16_t unit, std::size_t from) {
     const char16_t* units = text.data();
     if constexpr (std::endian::native == std::endian::little) {
-        const std::uint64_t wanted = kEachUnit * unit;
+        const EightUnits wanted = {unit, unit, unit, unit, unit, unit, unit, unit};
         for (; from + kUnitsAStep <= text.size(); from += kUnitsAStep) {
-            const std::uint64_t found = MatchingUnits(units + from, wanted);
-            if (found != 0) {
-                return from + static_cast<std::size_t>(std::countr_zero(found)) / 16;
-            }
+            const std::array<std::uint64_t, 2> found = MatchingUnits(units + from, wanted);
+            if ((found[0] | found[1]) != 0) return from + FirstMatch(found);
         }
     }
     while (from < text.size() && units[from] != unit) ++from;
@@ -136,7 +139,6 @@ std::size_t NthToken(std::u16string_view text, std::u16string_view needle, std::
 }
 
 void CheckMadeLength(std::uint64_t units) {
-    constexpr std::uint64_t kLongestMadeText = 100'000'000;
     if (units > kLongestMadeText) throw Failure(failure::kOutOfMemory);
 }
 

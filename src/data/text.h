@@ -55,6 +55,7 @@ std::size_t NthToken(std::u16string_view text, std::u16string_view needle, std::
 // Throws Failure(7) when a text of so many units would be made out of shorter ones. The system grants
 // far more memory than the machine has and ends the process when it is touched; a slip of the pen such
 // as 繰り返せ（1000000000、「abc」） must be a failure of the function instead.
+inline constexpr std::uint64_t kLongestMadeText = 100'000'000;
 void CheckMadeLength(std::uint64_t units);
 
 // The text before its first NUL.

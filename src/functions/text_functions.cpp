@@ -91,6 +91,8 @@ void CheckReplacement(std::u16string_view text, std::u16string_view find,
                       std::u16string_view replacement) {
     if (replacement.size() <= find.size()) return;
     const std::uint64_t grown = replacement.size() - find.size();
+    const std::uint64_t atMost = text.size() / find.size();
+    if (text.size() + atMost * grown <= kLongestMadeText) return;
     CheckMadeLength(text.size() + CountOf(text, find) * grown);
 }
 
