@@ -39,6 +39,14 @@ velm_script_test(documents tests/check_documents.py --runtime $<TARGET_FILE:velm
 velm_script_test(programs_of_the_bench bench/run --quick --runs 1 --runtime
     $<TARGET_FILE:velmconsole>)
 
-foreach(TOOL run_cases check_coverage check_layers check_style check_documents)
+# The recorded counts are those of one compiler's release build; elsewhere the test doesn't count.
+if(CMAKE_BUILD_TYPE STREQUAL "Release" AND NOT VELM_SANITIZE AND NOT VELM_NO_CACHES)
+    velm_script_test(instruction_counts tests/instruction_counts.py $<TARGET_FILE:velmconsole>
+        --compiler
+        "${CMAKE_CXX_COMPILER_ID} ${CMAKE_CXX_COMPILER_VERSION} ${CMAKE_SYSTEM_PROCESSOR}")
+    set_tests_properties(instruction_counts PROPERTIES SKIP_RETURN_CODE 77)
+endif()
+
+foreach(TOOL run_cases check_coverage check_layers check_style check_documents instruction_counts)
     velm_script_test(self_test/${TOOL} tests/${TOOL}.py --self-test)
 endforeach()

@@ -34,8 +34,6 @@ PairCounts CountPairs(std::u16string_view text, BracketSet set) {
     return counts;
 }
 
-bool IsAnyComma(char16_t unit) { return unit == u',' || unit == u'、' || unit == u'，'; }
-
 }  // namespace
 
 BracketScanner::BracketScanner(std::u16string_view text, BracketSet set) : text_(text), set_(set) {}

@@ -25,6 +25,31 @@ constexpr Escape kEscapes[] = {
     {kCrLf, u"{*n}"},
 };
 
+bool MayNeedEscape(char16_t unit) { return IsAnyComma(unit) || unit == u'\r'; }
+
+// The text of an item in a list: no replacement holds what another one replaces, so that one pass
+// does for all of them, here and back.
+void AppendEscaped(std::u16string& out, std::u16string_view text) {
+    std::size_t from = 0;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (!MayNeedEscape(text[i])) continue;
+        for (const Escape& escape : kEscapes) {
+            if (text.substr(i, escape.plain.size()) != escape.plain) continue;
+            out.append(text.substr(from, i - from)).append(escape.escaped);
+            from = i + escape.plain.size();
+        }
+    }
+    out.append(text.substr(from));
+}
+
+// The escape with which the text begins, if it does.
+const Escape* EscapeAt(std::u16string_view text) {
+    for (const Escape& escape : kEscapes) {
+        if (text.starts_with(escape.escaped)) return &escape;
+    }
+    return nullptr;
+}
+
 // The offsets of a line that begins with key and "=": its start and its end, before the CR LF.
 struct KeyLine {
     std::size_t start = kNotFound;
@@ -62,24 +87,32 @@ std::u16string LineOf(std::u16string_view key, std::u16string_view value) {
 }  // namespace
 
 std::u16string EscapeItem(std::u16string_view text) {
-    if (text.find_first_of(u"、,，\r") == kNotFound) return std::u16string(text);
-    std::u16string out(text);
-    for (const Escape& escape : kEscapes) out = ReplaceAll(out, escape.plain, escape.escaped);
+    std::u16string out;
+    AppendEscaped(out, text);
     return out;
 }
 
 std::u16string UnescapeItem(std::u16string_view text) {
-    if (text.find(u'{') == kNotFound) return std::u16string(text);
-    std::u16string out(text);
-    for (const Escape& escape : kEscapes) out = ReplaceAll(out, escape.escaped, escape.plain);
-    return out;
+    std::u16string out;
+    std::size_t from = 0;
+    for (std::size_t brace = text.find(u'{'); brace != kNotFound; brace = text.find(u'{', brace)) {
+        const Escape* escape = EscapeAt(text.substr(brace));
+        if (escape == nullptr) {
+            ++brace;
+            continue;
+        }
+        out.append(text.substr(from, brace - from)).append(escape->plain);
+        brace += escape->escaped.size();
+        from = brace;
+    }
+    return out.append(text.substr(from));
 }
 
 void AppendItem(std::u16string& list, std::u16string_view item) {
-    if (item.find_first_of(u"、,，\r") == kNotFound || IsNumeric(item)) {
+    if (std::none_of(item.begin(), item.end(), MayNeedEscape) || IsNumeric(item)) {
         list.append(item);
     } else {
-        list.append(EscapeItem(item));
+        AppendEscaped(list, item);
     }
 }
 
@@ -157,41 +190,62 @@ std::u16string GetKey(std::u16string_view text, std::u16string_view key) {
 
 namespace {
 
-// Joins the pieces of a quoted field again: each item but the last is escaped and followed by ",",
-// or by the escape of "," while a quote is open.
-std::u16string MendQuotedCommas(std::u16string_view line, bool& inQuote) {
-    const std::vector<std::u16string_view> items = Split(line, u",");
-    std::u16string out;
-    for (std::size_t i = 0; i < items.size(); ++i) {
-        if (CountOf(items[i], u"\"") == 1) inQuote = !inQuote;
-        if (i + 1 == items.size()) {
-            out.append(items[i]);
-        } else {
-            out.append(EscapeItem(items[i])).append(inQuote ? u"{**}" : u",");
-        }
-    }
-    return out;
+// Turns what stands behind the offset, one field, to an item without its quotes.
+void StripQuotes(std::u16string& out, std::size_t from) {
+    if (out.size() < from + 2 || out[from] != u'"' || out.back() != u'"') return;
+    out.pop_back();
+    out.erase(from, 1);
 }
 
-void AppendUnquoted(std::u16string& out, std::u16string_view line) {
-    bool first = true;
-    for (const std::u16string_view item : Split(line, u",")) {
-        if (!first) out += u',';
-        first = false;
-        out.append(StripPair(item, u"\"", u"\""));
+// Adds a line of CSV as items. A quote that is open joins the pieces of a field again, with the escape
+// of "," between them. Kept: the last piece of a line isn't escaped.
+void AppendLineOfCsv(std::u16string& out, std::u16string_view line, bool& inQuote) {
+    std::size_t field = out.size();
+    while (true) {
+        const std::size_t comma = line.find(u',');
+        const std::u16string_view piece = line.substr(0, comma);
+        if (std::count(piece.begin(), piece.end(), u'"') == 1) inQuote = !inQuote;
+        if (comma == kNotFound) {
+            out.append(piece);
+            break;
+        }
+        AppendEscaped(out, piece);
+        if (inQuote) {
+            out.append(u"{**}");
+        } else {
+            StripQuotes(out, field);
+            out += u',';
+            field = out.size();
+        }
+        line.remove_prefix(comma + 1);
+    }
+    StripQuotes(out, field);
+}
+
+void AppendCsvItem(std::u16string& out, std::u16string_view item) {
+    if (item.find(u'{') != kNotFound) {
+        const std::u16string plain = UnescapeItem(item);
+        const std::u16string decoded = UnescapeItem(plain);
+        const bool bare = decoded == plain && IsNumeric(plain);
+        if (!bare) out += u'"';
+        out.append(plain);
+        if (!bare) out += u'"';
+    } else if (IsNumeric(item)) {
+        out.append(item);
+    } else {
+        out += u'"';
+        out.append(item);
+        out += u'"';
     }
 }
 
 void AppendCsvLine(std::u16string& out, std::u16string_view line) {
-    bool first = true;
-    for (const std::u16string& item : ParseList(line)) {
-        if (!first) out += u',';
-        first = false;
-        const std::u16string decoded = UnescapeItem(item);
-        const bool bare = IsNumeric(decoded) && decoded == item;
-        if (!bare) out += u'"';
-        out.append(item);
-        if (!bare) out += u'"';
+    while (true) {
+        const std::size_t comma = FindAnyComma(line);
+        AppendCsvItem(out, line.substr(0, comma));
+        if (comma == line.size()) return;
+        out += u',';
+        line.remove_prefix(comma + 1);
     }
 }
 
@@ -199,18 +253,20 @@ void AppendCsvLine(std::u16string& out, std::u16string_view line) {
 
 std::u16string CsvToList(std::u16string_view text) {
     std::u16string out;
+    out.reserve(text.size());
     bool inQuote = false;
     bool first = true;
     for (const std::u16string_view line : SplitLines(text)) {
         if (!first) out.append(kCrLf);
         first = false;
-        AppendUnquoted(out, MendQuotedCommas(line, inQuote));
+        AppendLineOfCsv(out, line, inQuote);
     }
     return out;
 }
 
 std::u16string ListToCsv(std::u16string_view text) {
     std::u16string out;
+    out.reserve(text.size() + text.size() / 4);
     bool first = true;
     for (const std::u16string_view line : SplitLines(text)) {
         if (!first) out.append(kCrLf);

@@ -23,6 +23,10 @@ std::u16string_view TrimRight(std::u16string_view text);
 // The text without its last n units; empty when it has no more than n.
 std::u16string_view TrimRight(std::u16string_view text, std::size_t n);
 
+// Where the needle begins at or behind the offset; kNotFound if nowhere. As std::u16string_view::find
+// tells it, but it looks at several units a step.
+std::size_t FindText(std::u16string_view text, std::u16string_view needle, std::size_t from = 0);
+
 // Every occurrence of needle replaced, from the left, not looking into what was put in.
 // An empty needle changes nothing.
 std::u16string ReplaceAll(std::u16string_view text, std::u16string_view needle,
@@ -35,6 +39,13 @@ std::vector<std::u16string_view> SplitLines(std::u16string_view text);
 // The parts with the separator between them.
 std::u16string Join(const std::vector<std::u16string>& parts, std::u16string_view separator);
 
+// The three commas of lists; the place of the first one at or behind the offset, or the size of the text.
+constexpr bool IsAnyComma(char16_t unit) { return unit == u',' || unit == u'、' || unit == u'，'; }
+inline std::size_t FindAnyComma(std::u16string_view text, std::size_t from = 0) {
+    while (from < text.size() && !IsAnyComma(text[from])) ++from;
+    return from;
+}
+
 // The number of occurrences of needle, none overlapping; 0 for an empty needle.
 std::size_t CountOf(std::u16string_view text, std::u16string_view needle);
 
@@ -44,6 +55,7 @@ std::size_t NthToken(std::u16string_view text, std::u16string_view needle, std::
 // Throws Failure(7) when a text of so many units would be made out of shorter ones. The system grants
 // far more memory than the machine has and ends the process when it is touched; a slip of the pen such
 // as 繰り返せ（1000000000、「abc」） must be a failure of the function instead.
+inline constexpr std::uint64_t kLongestMadeText = 100'000'000;
 void CheckMadeLength(std::uint64_t units);
 
 // The text before its first NUL.
@@ -62,7 +74,7 @@ std::u16string_view BetweenPair(std::u16string_view text, std::size_t start,
 std::u16string_view BoolText(bool flag);
 
 inline bool Contains(std::u16string_view text, std::u16string_view needle) {
-    return text.find(needle) != kNotFound;
+    return FindText(text, needle) != kNotFound;
 }
 
 // Paths as scripts write them. FolderOf gives the text up to and with the last backslash, empty if

@@ -1,9 +1,12 @@
 // Values: text with hidden caches of number, cells, rows and entries.
 #include "data/value.h"
 
+#include "data/entries_form.h"
 #include "data/failure.h"
+#include "data/fields.h"
 #include "data/lists.h"
 #include "data/numbers.h"
+#include "data/table_form.h"
 #include "data/text.h"
 #include "data/value_forms.h"
 
@@ -22,16 +25,9 @@ ValueForms& FormsOf(ValueRecord& record) {
     return *record.forms;
 }
 
-// Brings the text of a record up to date with the form that is its truth.
 void UpdateText(ValueRecord& record) {
     if (record.textValid) return;
-    record.text.clear();
-    switch (record.truth) {
-        case TruthForm::kCells: JoinCells(*record.forms->cells, record.text); break;
-        case TruthForm::kRows: JoinRows(*record.forms->rows, record.text); break;
-        case TruthForm::kEntries: JoinEntries(*record.forms->entries, record.text); break;
-        case TruthForm::kText: break;
-    }
+    JoinTruth(record);
     record.textValid = true;
 }
 
@@ -44,14 +40,6 @@ std::optional<double> NumberOfRecord(ValueRecord& record) {
     }
     if (record.numberState == NumberState::kNone) return std::nullopt;
     return record.number;
-}
-
-// A cell or row as a value of its own: a plain number stays one, so that tables of numbers are
-// read and stored without a text for each.
-Value ValueOfPiece(std::u16string_view piece) {
-    double number = 0;
-    if (IsCanonicalNumber(piece, number)) return Value::OfNumber(number);
-    return Value(piece);
 }
 
 }  // namespace
@@ -185,6 +173,7 @@ void Value::Changed(TruthForm truth) {
     if (truth != TruthForm::kCells) record.forms->cells.reset();
     if (truth != TruthForm::kRows) record.forms->rows.reset();
     if (truth != TruthForm::kEntries) record.forms->entries.reset();
+    record.forms->fields.clear();
     if (!kCaches) DropForms();
 }
 
@@ -195,26 +184,22 @@ void Value::DropForms() const {
     record_->forms.reset();
 }
 
-CellsForm& Value::Cells() const {
+TableForm& Value::Cells() const {
     ValueRecord& record = Record();
     ValueForms& forms = FormsOf(record);
     if (!forms.cells) {
         UpdateText(record);
-        forms.cells = std::make_unique<CellsForm>();
-        FindCells(record.text, *forms.cells);
+        forms.cells = std::make_unique<TableForm>(TableForm::Kind::kList, record.text);
     }
     return *forms.cells;
 }
 
-RowsForm& Value::Rows() const {
+TableForm& Value::Rows() const {
     ValueRecord& record = Record();
     ValueForms& forms = FormsOf(record);
     if (!forms.rows) {
         UpdateText(record);
-        forms.rows = std::make_unique<RowsForm>();
-        for (const std::u16string_view line : SplitLines(record.text)) {
-            forms.rows->rows.emplace_back(line);
-        }
+        forms.rows = std::make_unique<TableForm>(TableForm::Kind::kLines, record.text);
     }
     return *forms.rows;
 }
@@ -224,51 +209,33 @@ EntriesForm& Value::Entries() const {
     ValueForms& forms = FormsOf(record);
     if (!forms.entries) {
         UpdateText(record);
-        forms.entries = std::make_unique<EntriesForm>();
-        FindEntries(record.text, *forms.entries);
+        forms.entries = std::make_unique<EntriesForm>(record.text);
     }
     return *forms.entries;
 }
 
 Value Value::Cell(std::size_t column) const {
-    const CellsForm& form = Cells();
-    Value cell;
-    if (form.unpacked) {
-        if (column < form.cells.size()) cell = form.cells[column];
-    } else {
-        cell = ValueOfPiece(CellAt(record_->text, form, column));
-    }
+    TableForm& form = Cells();
+    Value cell = form.Cell(record_->text, 0, column);
     if (!kCaches) DropForms();
     return cell;
 }
 
 void Value::SetCell(std::size_t column, Value item) {
     OwnRecord();
-    CellsForm& form = Cells();
-    if (!form.unpacked) {
-        form.cells.reserve(form.starts.size());
-        for (std::size_t i = 0; i < form.starts.size(); ++i) {
-            form.cells.push_back(ValueOfPiece(CellAt(record_->text, form, i)));
-        }
-        form.unpacked = true;
-        form.starts = {};
-    }
-    if (column >= form.cells.size()) form.cells.resize(column + 1);
-    form.cells[column] = std::move(item);
+    TableForm& form = Cells();
+    form.SetCell(record_->text, 0, column, item);
     Changed(TruthForm::kCells);
 }
 
 bool Value::TryCellNumber(std::size_t column, double& number) const {
     if (!HasRecord() || !record_->forms || !record_->forms->cells) return false;
-    const CellsForm& form = *record_->forms->cells;
-    if (!form.unpacked) return IsCanonicalNumber(CellAt(record_->text, form, column), number);
-    return column < form.cells.size() && form.cells[column].IsPlainNumber(number);
+    return record_->forms->cells->TryNumber(record_->text, 0, column, number);
 }
 
 bool Value::TryRowCellNumber(std::size_t row, std::size_t column, double& number) const {
     if (!HasRecord() || !record_->forms || !record_->forms->rows) return false;
-    const RowsForm& form = *record_->forms->rows;
-    return row < form.rows.size() && form.rows[row].TryCellNumber(column, number);
+    return record_->forms->rows->TryNumber(record_->text, row, column, number);
 }
 
 // Whether a change within the form of this kind leaves nothing to be told (see Changed).
@@ -279,70 +246,74 @@ bool Value::IsSoleTruth(TruthForm truth) const {
 
 bool Value::TrySetCellNumber(std::size_t column, double number) {
     if (!IsSoleTruth(TruthForm::kCells)) return false;
-    std::vector<Value>& cells = record_->forms->cells->cells;
-    if (column >= cells.size()) return false;
-    cells[column].SetHeldNumber(number);
+    if (!record_->forms->cells->TrySetNumber(0, column, number)) return false;
     record_->numberState = NumberState::kUnknown;
     return true;
 }
 
 bool Value::TrySetRowCellNumber(std::size_t row, std::size_t column, double number) {
     if (!IsSoleTruth(TruthForm::kRows)) return false;
-    std::vector<Value>& rows = record_->forms->rows->rows;
-    if (row >= rows.size() || !rows[row].TrySetCellNumber(column, number)) return false;
+    if (!record_->forms->rows->TrySetNumber(row, column, number)) return false;
     record_->numberState = NumberState::kUnknown;
     return true;
 }
 
 std::size_t Value::CellCount() const {
-    const std::size_t count = Cells().Count();
+    const std::size_t count = Cells().CellCount(record_->text, 0);
     if (!kCaches) DropForms();
     return count;
 }
 
 Value Value::Row(std::size_t row) const {
-    const RowsForm& form = Rows();
-    Value line = row < form.rows.size() ? form.rows[row] : Value();
+    const TableForm& form = Rows();
+    Value line = form.Row(record_->text, row);
     if (!kCaches) DropForms();
     return line;
 }
 
 Value Value::RowCell(std::size_t row, std::size_t column) const {
-    const RowsForm& form = Rows();
-    Value cell = row < form.rows.size() ? form.rows[row].Cell(column) : Value();
+    TableForm& form = Rows();
+    Value cell = form.Cell(record_->text, row, column);
     if (!kCaches) DropForms();
     return cell;
 }
 
 void Value::SetRow(std::size_t row, Value line) {
     OwnRecord();
-    RowsForm& form = Rows();
-    const bool oneLine = !Contains(line.Text(), kCrLf);
-    if (row >= form.rows.size()) form.rows.resize(row + 1);
-    form.rows[row] = std::move(line);
+    TableForm& form = Rows();
+    form.SetRow(record_->text, row, line.Text());
     Changed(TruthForm::kRows);
-    if (!oneLine) DropForms();
 }
 
 void Value::SetRowCell(std::size_t row, std::size_t column, Value item) {
     OwnRecord();
-    RowsForm& form = Rows();
-    if (row >= form.rows.size()) form.rows.resize(row + 1);
-    form.rows[row].SetCell(column, std::move(item));
+    TableForm& form = Rows();
+    form.SetCell(record_->text, row, column, item);
     Changed(TruthForm::kRows);
 }
 
 std::size_t Value::RowCount() const {
-    const std::size_t count = Rows().rows.size();
+    const std::size_t count = Rows().RowCount();
     if (!kCaches) DropForms();
     return count;
 }
 
+// A short text is walked sooner than its fields are noted.
+Value Value::Field(std::size_t n) const {
+    constexpr std::size_t kWorthNoting = 64;
+    const std::u16string& text = Text();
+    if (n > kLastField) return Value();
+    if (!kCaches || text.size() < kWorthNoting) return Value(FieldOf(text, n));
+    std::vector<std::uint32_t>& starts = FormsOf(*record_).fields;
+    if (starts.empty()) starts = FindFields(text);
+    return Value(FieldAt(text, starts, n));
+}
+
 Value Value::Entry(std::u16string_view key) const {
-    if (IsPlainKey(key)) {
+    if (EntriesForm::IsPlainKey(key)) {
         const EntriesForm& form = Entries();
-        if (form.usable) {
-            Value entry = EntryAt(form, key);
+        if (form.IsUsable()) {
+            Value entry = form.At(key);
             if (!kCaches) DropForms();
             return entry;
         }
@@ -352,10 +323,10 @@ Value Value::Entry(std::u16string_view key) const {
 
 void Value::SetEntry(std::u16string_view key, const Value& value) {
     OwnRecord();
-    if (IsPlainKey(key) && !key.empty()) {
+    if (EntriesForm::IsPlainKey(key) && !key.empty()) {
         EntriesForm& form = Entries();
-        if (form.usable) {
-            StoreEntry(form, key, value);
+        if (form.IsUsable()) {
+            form.Store(key, value);
             Changed(TruthForm::kEntries);
             return;
         }

@@ -4,8 +4,9 @@
 //   number   A computed number is kept as a double, and gets its text only when somebody asks for
 //            it. The double is then exactly the one that the text reads back as (15 digits).
 //   cells    The text cut at its commas, for access to an item by number.
-//   rows     The text cut at its CR LF; each row is again a value with cells of its own.
+//   rows     The text cut at its CR LF, and each row at its commas.
 //   entries  The lines of key=value with an index of the keys.
+//   fields   Where the fields of 情報 begin.
 //
 // A form is made on the first access by index, and kept when a cell is stored: the text is then out
 // of date until it is asked for. So access by index costs the same however large the table is. All
@@ -145,6 +146,9 @@ class Value {
     void SetRowCell(std::size_t row, std::size_t column, Value item);
     std::size_t RowCount() const;
 
+    // The n-th field, from 1, as data/fields.h cuts them.
+    Value Field(std::size_t n) const;
+
     // The value of a key in lines of key=value, empty if absent, and storing one, as GetKey and SetKey
     // of data/lists.h do it.
     Value Entry(std::u16string_view key) const;
@@ -179,8 +183,8 @@ class Value {
     ValueRecord& Record() const;
     ValueRecord& OwnRecord();
     bool IsSoleTruth(TruthForm truth) const;
-    CellsForm& Cells() const;
-    RowsForm& Rows() const;
+    TableForm& Cells() const;
+    TableForm& Rows() const;
     EntriesForm& Entries() const;
     void Changed(TruthForm truth);
     void DropForms() const;

@@ -29,9 +29,7 @@ constexpr std::u16string_view kWholeItem = u"完全一致";
 constexpr std::u16string_view kNotMatching = u"一致しない";
 
 std::size_t CountCommas(std::u16string_view text) {
-    return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char16_t unit) {
-        return unit == u',' || unit == u'、' || unit == u'，';
-    }));
+    return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), IsAnyComma));
 }
 
 void AppendPlace(std::u16string& list, std::size_t index) {

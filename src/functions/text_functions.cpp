@@ -9,7 +9,6 @@
 
 #include "core/arguments.h"
 #include "core/diagnostics.h"
-#include "data/brackets.h"
 #include "data/code_page_932.h"
 #include "data/failure.h"
 #include "data/text.h"
@@ -21,9 +20,6 @@ namespace velm {
 namespace {
 
 constexpr int kNumberOutOfRange = 31;
-
-// A field of a text past this number doesn't exist.
-constexpr std::int32_t kLastField = 255;
 
 // A count of characters; one below 0 is a bad call.
 std::size_t ToCount(std::int32_t number) {
@@ -51,34 +47,6 @@ std::size_t ContentBehind(std::u16string_view text, std::u16string_view open, st
     if (open.empty()) return 0;
     const std::size_t position = NthToken(text, open, static_cast<std::size_t>(n));
     return position == 0 ? kNotFound : position - 1 + open.size();
-}
-
-bool IsSeparator(char16_t unit, bool first) {
-    return unit == u',' || (first && (unit == u'、' || unit == u'，'));
-}
-
-// The first separator of fields outside brackets at or behind the offset.
-std::size_t FindSeparator(std::u16string_view text, std::size_t offset, bool first,
-                          BracketScanner& brackets) {
-    for (std::size_t i = offset; i < text.size(); ++i) {
-        if (IsSeparator(text[i], first) && !brackets.IsInside(i)) return i;
-    }
-    return kNotFound;
-}
-
-// The n-th field, from 1; empty when there are fewer.
-// Kept: the search for the end of a field begins at its second character, so that a comma at the
-// beginning of a text, or right behind a comma, is part of the field.
-// Kept: the wide commas end the first field only.
-std::u16string_view FieldOf(std::u16string_view text, std::int32_t n) {
-    BracketScanner brackets(text, kQuotesAndWide);
-    std::size_t from = 0;
-    for (std::int32_t field = 1;; ++field) {
-        const std::size_t comma = FindSeparator(text, from + 1, field == 1, brackets);
-        if (field == n) return text.substr(from, comma == kNotFound ? comma : comma - from);
-        if (comma == kNotFound) return {};
-        from = comma + 1;
-    }
 }
 
 // The character of a single byte. The first byte of a pair is no character by itself.
@@ -123,6 +91,8 @@ void CheckReplacement(std::u16string_view text, std::u16string_view find,
                       std::u16string_view replacement) {
     if (replacement.size() <= find.size()) return;
     const std::uint64_t grown = replacement.size() - find.size();
+    const std::uint64_t atMost = text.size() / find.size();
+    if (text.size() + atMost * grown <= kLongestMadeText) return;
     CheckMadeLength(text.size() + CountOf(text, find) * grown);
 }
 
@@ -209,7 +179,7 @@ void FnField(Value& result, Arguments& arguments) {
     Value text;
     std::int32_t n = 0;
     arguments.Split(text, n);
-    if (n >= 1 && n <= kLastField) result = Value(FieldOf(text.Text(), n));
+    if (n >= 1) result = text.Field(static_cast<std::size_t>(n));
 }
 
 // The value keeps the places of its lines, so that a loop over the lines of a long text cuts it once.

@@ -100,5 +100,18 @@ TEST(Text, PathsAsScriptsWriteThem) {
     EXPECT_EQ(WithBackslash(u"C:\\"), u"C:\\");
 }
 
+TEST(FindText, AnswersAsTheStandardSearchAtEveryPlace) {
+    for (std::size_t before = 0; before < 20; ++before) {
+        const std::u16string text =
+            std::u16string(before, u'a') + u"桜の" + std::u16string(11, u'桜') + u"木";
+        for (const std::u16string_view needle :
+             {u"桜", u"桜の", u"桜木", u"木", u"無", u"の桜", u""}) {
+            for (std::size_t from = 0; from <= text.size() + 1; ++from) {
+                EXPECT_EQ(FindText(text, needle, from), text.find(needle, from)) << before << from;
+            }
+        }
+    }
+}
+
 }  // namespace
 }  // namespace velm

@@ -274,7 +274,7 @@ InstallRecordingToolkit::InstallRecordingToolkit() {
     InstallObjectSystem();
     inForce = &toolkit;
     SetToolkitStarter(Start);
-    Programs.assign(1, std::make_shared<Program>());
+    Programs.assign(1, ProgramPtr(new Program));
     ResetRunState();
     pendingFailure.Clear();
 }
