@@ -28,9 +28,13 @@ void InitStackGuard() {
     NestingGuard::limit = end + std::min(kReserveBytes, size / 4);
 }
 
+// While the report is up, events go on; their procedures come back here, and find no room either.
 void NestingGuard::Report() {
-    if (run.StopFlag) return;
+    static bool isReporting = false;
+    if (run.StopFlag || isReporting) return;
+    isReporting = true;
     RaiseError(kUnknownCause, 16, FailureDescription(failure::kOutOfStack), u"", -1);
+    isReporting = false;
     run.StopFlag = true;
     run.Exhausted = true;
 }

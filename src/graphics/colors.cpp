@@ -12,7 +12,7 @@ constexpr std::uint32_t kColorBits = 0xFFFFFF;
 constexpr std::uint32_t kNumberBits = 0x7FFFFFFF;
 
 // By number, as 0xBBGGRR.
-std::array<std::uint32_t, 25> systemColors = {
+std::array<std::uint32_t, kSystemColorCount> systemColors = {
     0xC8D0D4,  // scroll bar
     0xA56E3A,  // desktop
     0x6A240A,  // title of the active window

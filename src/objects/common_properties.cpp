@@ -9,6 +9,7 @@
 #include "data/failure.h"
 #include "data/numbers.h"
 #include "data/resources.h"
+#include "data/text.h"
 #include "graphics/raster.h"
 #include "objects/member_rows.h"
 #include "objects/object_canvas.h"
@@ -190,15 +191,18 @@ void GetPointer(Object& object, const PropertyRecord& /*record*/, PropertyResult
         pointer == kPointerOfFile ? Value(object.GetText(u"MouseIcon")) : Value::OfNumber(pointer);
 }
 
+// The number of a pointer's word; below 0 for none. One that is a function's name, too, counts as written.
+double PointerOfWord(const PropertyRecord& record) {
+    const std::int32_t number = ResourceNumber(kCursorWords, record.Text.Text());
+    return number >= 0 ? number : ResourceNumber(kCursorWords, Trim(record.Value.Text()));
+}
+
 // A word that is neither number nor in the table is a file with the pointer's picture.
 void SetPointer(Object& object, const PropertyRecord& record, PropertyResult& /*result*/) {
-    double pointer = record.Text.NumberOrZero();
-    if (!record.Text.IsNumeric()) {
-        pointer = ResourceNumber(kCursorWords, record.Text.Text());
-        if (pointer < 0) {
-            object.Set(u"MouseIcon", record.Text.Text());
-            pointer = kPointerOfFile;
-        }
+    double pointer = record.Text.IsNumeric() ? record.Text.NumberOrZero() : PointerOfWord(record);
+    if (pointer < 0) {
+        object.Set(u"MouseIcon", record.Text.Text());
+        pointer = kPointerOfFile;
     }
     object.Set(u"MousePointer", pointer);
 }

@@ -4,6 +4,7 @@
 #include "data/failure.h"
 #include "data/numbers.h"
 #include "data/text.h"
+#include "data/width.h"
 #include "objects/create.h"
 #include "objects/font_members.h"
 #include "objects/kinds.h"
@@ -43,6 +44,25 @@ MakerWord ReadMakerWord(std::u16string_view name) {
         return word;
     }
     return {};
+}
+
+// The kind word with the number's value: ボタン番 is ボタン2 where 番 is 2. A line's is the word that its
+// name is looked up by.
+std::u16string CanonicalName(const MakerWord& word) {
+    const bool isLine = word.row->kind == MakerKind::kLine;
+    const std::u16string_view kind = isLine ? ShownWord(ControlClass::kLine) : word.row->word;
+    return std::u16string(kind) + FormatNumber(word.number);
+}
+
+// Kept: a shape is found by the word that made it and shown by another one. A line is found by both.
+void EnterName(Window& window, const ObjectPtr& control, const MakerWord& word) {
+    const std::u16string name = CanonicalName(word);
+    RegisterName(window, control, name);
+    if (word.row->kind == MakerKind::kLine) window.CollObj[ObjectKey(kLineWord)] = control;
+    if (control->Class() != ControlClass::kShape) return;
+    std::u16string& shown = window.CollObAlias[control->Identity()];
+    if (!SameName(shown, name)) return;
+    shown = ToFullWidth(ShownWord(ControlClass::kShape)) + ToFullWidth(FormatNumber(word.number));
 }
 
 // Loads a control in its template's look.
@@ -122,16 +142,15 @@ void CopyBackColor(const WindowPtr& window, Object& control) {
     Attempt([&] { control.Set(u"BackColor", window->Get(u"BackColor")); });
 }
 
-// A control that is made while a picture is drawn on goes into that picture.
+// A control that is made while a picture or frame is the place of drawing goes into it, in a picture to
+// the drawing position.
 void MoveToDrawTarget(const ObjectPtr& control) {
     const ObjectPtr target = objects.DrawTarget;
-    if (target == nullptr || target->IsWindow() || target->Canvas() == nullptr) return;
+    if (target == nullptr || target->IsWindow()) return;
+    if (!Attempt([&] { control->SetContainer(target); }) || target->Canvas() == nullptr) return;
     const double x = target->Canvas()->CurrentX;
     const double y = target->Canvas()->CurrentY;
-    Attempt([&] {
-        control->SetContainer(target);
-        control->Call(u"Move", {x, y});
-    });
+    Attempt([&] { control->Call(u"Move", {x, y}); });
 }
 
 bool MakeControlObject(std::u16string_view word, std::u16string_view alias, bool show) {
@@ -175,7 +194,8 @@ ObjectPtr NewObject(std::u16string_view name, std::u16string_view alias, bool do
         return nullptr;
     }
     objects.ThatObject = control;
-    if (doRegister) RegisterName(*window, control, alias.empty() ? name : alias);
+    if (doRegister && alias.empty()) EnterName(*window, control, word);
+    if (doRegister && !alias.empty()) RegisterName(*window, control, alias);
     return control;
 }
 

@@ -76,7 +76,7 @@ void ShowPlain(Window& window) {
 
 void UnloadAllWindows() {
     const std::vector<WindowPtr> windows = objects.Windows;
-    for (const WindowPtr& window : windows) window->Unload();
+    for (const WindowPtr& window : windows) Attempt([&] { window->Unload(); });
 }
 
 }  // namespace
@@ -113,7 +113,7 @@ void InitObjectSystem() {
 
 void CloseObjectSystem() {
     if (objects.HostedMode) return;
-    if (HasToolkit()) RemoveTrayIcon();
+    if (HasToolkit()) Attempt(RemoveTrayIcon);
     UnloadAllWindows();
     LoadFirstWindow();
     objects.Dialogs = nullptr;

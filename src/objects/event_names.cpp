@@ -20,6 +20,11 @@ std::u16string Join(const Parts&... parts) {
     return joined;
 }
 
+// What the procedure has removed is nobody's この any more.
+ObjectPtr IfLoaded(const ObjectPtr& object) {
+    return object == nullptr || object->IsUnloaded() ? nullptr : object;
+}
+
 // The window's name with の; empty for one without a name, as the first window is until it gets one.
 std::u16string PrefixOf(const Window& window) {
     return window.tag.empty() ? std::u16string() : Join(window.tag, kOf);
@@ -54,8 +59,8 @@ bool CallObjectProcedure(std::u16string_view name, const ObjectPtr& object) {
     const ObjectPtr that = objects.ThatObject;
     const ObjectPtr previous = std::exchange(objects.ThisObject, object);
     CallEventProcedure(name);
-    objects.ThisObject = previous;
-    objects.ThatObject = that;
+    objects.ThisObject = IfLoaded(previous);
+    objects.ThatObject = IfLoaded(that);
     return true;
 }
 

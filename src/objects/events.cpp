@@ -182,8 +182,8 @@ bool IsVisible(Window& window) {
 // its controls' overwrite each other's.
 void StorePoint(Object& object, const ControlEvent& event) {
     const bool hasSurface = object.Canvas() != nullptr;
-    const double units = hasSurface ? object.OwnUnits() : object.ContainerUnits();
     Attempt([&] {
+        const double units = hasSurface ? object.OwnUnits() : object.ContainerUnits();
         eventData.EventX = ToInt16(event.x * units);
         eventData.EventY = ToInt16(event.y * units);
     });

@@ -64,7 +64,7 @@ void GetEnumMember(Object& object, const PropertyRecord& /*record*/, PropertyRes
 }
 template <MemberName kName, const auto& kNames>
 void SetEnumMember(Object& object, const PropertyRecord& record, PropertyResult& /*result*/) {
-    object.Set(kName.View(), static_cast<double>(EnumIndexOf(record.Text, kNames)));
+    object.Set(kName.View(), static_cast<double>(EnumIndexOf(record, kNames)));
 }
 
 template <MemberName kName>

@@ -155,11 +155,13 @@ void Object::Unload() {
     surface_.reset();
 }
 
-// A control that is still being made tells nothing.
+// A control that is still being made tells nothing. No failure may cross the toolkit that tells.
 bool Object::OnEvent(const ControlEvent& event) {
     const ObjectPtr self = weak_from_this().lock();
     if (self == nullptr || control_ == nullptr) return false;
-    return DispatchEvent(self, event);
+    bool answer = false;
+    if (!Attempt([&] { answer = DispatchEvent(self, event); })) pendingFailure.Clear();
+    return answer;
 }
 
 }  // namespace velm

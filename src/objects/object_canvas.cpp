@@ -17,6 +17,7 @@ namespace {
 
 constexpr std::int16_t kLastDrawMode = draw_mode::kWhite;
 constexpr std::int16_t kLastDrawStyle = draw_style::kInsideSolid;
+constexpr std::u16string_view kFontName = u"fontname";
 
 // A member of the surface, by its name in lower case. One without `set` can only be read.
 struct SurfaceMember {
@@ -109,7 +110,7 @@ constexpr SurfaceMember kMembers[] = {
      [](ObjectCanvas& canvas, const MemberValue& value) {
          canvas.AutoRedraw = MemberToBool(value);
      }},
-    {u"fontname", [](const ObjectCanvas& canvas) -> MemberValue { return canvas.Font.font; },
+    {kFontName, [](const ObjectCanvas& canvas) -> MemberValue { return canvas.Font.font; },
      [](ObjectCanvas& canvas, const MemberValue& value) {
          canvas.Font.font = MemberToText(value);
      }},
@@ -134,10 +135,12 @@ ObjectCanvas::ObjectCanvas(Object& owner) : Canvas(owner.Name(), owner.IsWindow(
 
 std::u16string ObjectCanvas::ObjectName() const { return ObjectKindName(owner_); }
 
+// The name of the standard font is known to the toolkit alone.
 bool ObjectCanvas::GetMember(std::u16string_view member, MemberValue& value) {
     const SurfaceMember* row = FindMember(member);
-    if (row != nullptr) value = row->get(*this);
-    return row != nullptr;
+    if (row == nullptr || (row->name == kFontName && Font.font.empty())) return false;
+    value = row->get(*this);
+    return true;
 }
 
 bool ObjectCanvas::SetMember(std::u16string_view member, const MemberValue& value) {

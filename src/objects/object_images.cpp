@@ -31,16 +31,21 @@ Pixmap UpperLeft(const Pixmap& image, std::int32_t width, std::int32_t height) {
     return part;
 }
 
+void SetSize(Object& object, std::int32_t width, std::int32_t height) {
+    PixelBox box = object.Geometry();
+    box.width = width;
+    box.height = height;
+    object.SetGeometry(box);
+}
+
 // The size of an object for which its inside has a size.
 void SetInnerSize(Object& object, std::int32_t width, std::int32_t height) {
-    PixelBox box = object.Geometry();
+    const PixelBox box = object.Geometry();
     if (const ObjectCanvas* canvas = object.Canvas()) {
         width += std::max(box.width - canvas->Width(), 0);
         height += std::max(box.height - canvas->Height(), 0);
     }
-    box.width = width;
-    box.height = height;
-    object.SetGeometry(box);
+    SetSize(object, width, height);
 }
 
 bool TakesSizeOfPicture(Object& object) {
@@ -109,12 +114,12 @@ ObjectPtr ObjectOfWord(const std::u16string& word) {
     return IsPlainFile(word) ? nullptr : ResolveObject(word, true);
 }
 
-// A png gives its size to whatever isn't a window.
+// A png gives its size to whatever isn't a window. Kept: the size with the border.
 void ShowLoaded(Object& target, Loaded loaded, const PictureWord& word, bool isPng) {
     const std::int32_t width = loaded.picture.width;
     const std::int32_t height = loaded.picture.height;
     const bool isStretched = target.Class() == ControlClass::kImage && target.GetBool(u"Stretch");
-    if (isPng && !target.IsWindow() && !isStretched) SetInnerSize(target, width, height);
+    if (isPng && !target.IsWindow() && !isStretched) SetSize(target, width, height);
     ShowPicture(target, std::move(loaded.picture), word.file);
 }
 

@@ -3,6 +3,7 @@
 
 #include "core/eval.h"
 #include "core/hooks.h"
+#include "core/run_state.h"
 #include "core/sentence.h"
 #include "data/brackets.h"
 #include "data/failure.h"
@@ -23,11 +24,12 @@ constexpr std::u16string_view kOnTop = u"常に手前";
 // What is left of it as a bare word, since its に is a particle.
 constexpr std::u16string_view kOnTopCut = u"手前";
 
-// A word without の is nobody's property; most words that are asked for are such.
+// A word without の is nobody's property; most words that are asked for are such. A host may ask outside
+// a sentence, where nobody catches a failure.
 bool ReadProperty(std::u16string_view path, std::u16string_view arguments, Value& value) {
     if (FindOutsideBrackets(path, kOf) == 0) return false;
-    bool notHandled = false;
-    value = GetProperty(path, arguments, notHandled, false);
+    bool notHandled = true;
+    Attempt([&] { value = GetProperty(path, arguments, notHandled, false); });
     return !notHandled;
 }
 
@@ -64,13 +66,16 @@ bool ShowWindowOf(Statement& statement, std::u16string_view word) {
     return true;
 }
 
-// Nothing can wait before the toolkit was started.
+// Nothing can wait before the toolkit was started. A failure of what is delivered isn't one of the
+// sentence that pumps.
 void PumpToolkit() {
     if (!HasToolkit()) return;
     RefreshMenus();
     TheToolkit().Pump();
-    DeliverDeferredDrops();
+    if (!Attempt(DeliverDeferredDrops)) pendingFailure.Clear();
 }
+
+bool IsRunOver() { return process.Interrupted || (run.StopFlag && run.Status != RunStatus::kIdle); }
 
 }  // namespace
 
@@ -90,6 +95,7 @@ void InstallObjectSystem() {
     hooks.CloseObjects = CloseObjectSystem;
     hooks.ClearObject = ClearObject;
     hooks.ApplySetting = ApplyObjectSetting;
+    SetWaitCheck(IsRunOver);
 }
 
 }  // namespace velm

@@ -193,6 +193,7 @@ const PropertyRow* FindPropertyRow(PropertyTable rows, std::u16string_view word)
 }
 
 const PropertyHandler* AssignPropertyHandler(const Object& object) {
+    if (object.Class() == ControlClass::kDialogs) return &kDialogsProperties;
     if (object.Name().empty()) return nullptr;
     switch (object.Class()) {
         case ControlClass::kWindow: return &kWindowProperties;

@@ -52,7 +52,7 @@ struct PropertyHandler {
                  PropertyResult& result) = nullptr;
 };
 
-// The handler of an object's class; nullptr for one without (a line, the dialogs, the printer, a drive).
+// The handler of an object's class; nullptr for one without (a line, the printer, a drive).
 const PropertyHandler* AssignPropertyHandler(const Object& object);
 
 void SetProperty(std::u16string_view path, const Word& value);
@@ -84,6 +84,8 @@ Value SpecialObjectProperty(bool isGet, std::u16string_view objectName,
 // Value forms.
 // The position of the text among the names, else the text's number.
 std::int32_t EnumIndexOf(const Value& text, std::span<const std::u16string_view> names);
+// The same for a record's value. A name that is a function's, too (右, ひらがな), counts as it is written.
+std::int32_t EnumIndexOf(const PropertyRecord& record, std::span<const std::u16string_view> names);
 // The name at the position, else the number.
 Value EnumNameOf(std::int32_t number, std::span<const std::u16string_view> names);
 // Cuts a list such as "a,b[,c,d]" at the commas outside brackets. Each part is evaluated when the value as
@@ -109,6 +111,7 @@ extern const PropertyHandler kShapeProperties;
 extern const PropertyHandler kFrameProperties;
 extern const PropertyHandler kFolderListProperties;
 extern const PropertyHandler kDriveListProperties;
+extern const PropertyHandler kDialogsProperties;
 
 // タスクトレイ; throws Failure(438) for another word.
 Value TrayProperty(bool isGet, const PropertyRecord& record);

@@ -37,6 +37,13 @@ std::int32_t EnumIndexOf(const Value& text, std::span<const std::u16string_view>
     return ToInt32(TextToNumber(text.Text()));
 }
 
+std::int32_t EnumIndexOf(const PropertyRecord& record, std::span<const std::u16string_view> names) {
+    const bool isName = std::find(names.begin(), names.end(), record.Text.Text()) != names.end();
+    const auto written = std::find(names.begin(), names.end(), Trim(record.Value.Text()));
+    if (isName || written == names.end()) return EnumIndexOf(record.Text, names);
+    return static_cast<std::int32_t>(written - names.begin());
+}
+
 Value EnumNameOf(std::int32_t number, std::span<const std::u16string_view> names) {
     const bool hasName = number >= 0 && static_cast<std::size_t>(number) < names.size();
     return hasName ? Value(names[static_cast<std::size_t>(number)]) : Value::OfInteger(number);

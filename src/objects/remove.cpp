@@ -7,7 +7,6 @@
 #include "data/failure.h"
 #include "objects/create.h"
 #include "objects/events.h"
-#include "objects/resolve.h"
 
 namespace velm {
 
@@ -38,7 +37,7 @@ void RemoveObject(const ObjectPtr& object) {
     const ObjectPtr held = object;
     Attempt([&] { held->Set(u"Visible", false); });
     if (const WindowPtr window = held->Owner()) {
-        RegisterName(*window, nullptr, ObjectKindName(*held));
+        std::erase_if(window->CollObj, [&](const auto& entry) { return entry.second == held; });
     }
     // What is part of the window itself stays with it.
     const bool isPart = held->isTemplate || held->Index() == 0;

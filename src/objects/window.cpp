@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "data/failure.h"
+#include "graphics/colors.h"
 #include "graphics/turtle_pictures.h"
 #include "objects/create.h"
 #include "objects/object.h"
@@ -14,6 +15,13 @@ namespace {
 constexpr std::u16string_view kWindowName = u"VelmWindow";
 constexpr std::u16string_view kTurtleArray = u"MainIcon";
 constexpr std::u16string_view kCaption = u"Velmrun";
+
+// What is drawn on a window has the colours of the controls beside it.
+void TakeSystemColors() {
+    for (std::int32_t number = 0; number < kSystemColorCount; ++number) {
+        SetSystemColor(number, TheToolkit().SystemColor(number));
+    }
+}
 
 }  // namespace
 
@@ -32,6 +40,7 @@ ObjectPtr Window::RunTimeControl(std::u16string_view name) const { return Elemen
 ObjectPtr Window::MainIcon() const { return Element(kTurtleArray, 0); }
 
 std::unique_ptr<ToolkitControl> Window::MakeControl() {
+    TakeSystemColors();
     std::unique_ptr<ToolkitWindow> frame = TheToolkit().MakeWindow(*this);
     frame->Set(u"Caption", std::u16string(kCaption), {});
     frame->SetPicture(TurtlePicture(kTurtleFacingUp));

@@ -159,7 +159,7 @@ void GetKind(Object& object, const PropertyRecord& /*record*/, PropertyResult& r
 }
 
 void SetKind(Object& object, const PropertyRecord& record, PropertyResult& /*result*/) {
-    const std::int32_t kind = EnumIndexOf(record.Text, kKinds);
+    const std::int32_t kind = EnumIndexOf(record, kKinds);
     if (kind < 0 || static_cast<std::size_t>(kind) >= kKinds.size()) {
         throw Failure(failure::kBadCall);
     }
@@ -208,7 +208,7 @@ void GetInitialState(Object& object, const PropertyRecord& /*record*/, PropertyR
 
 void SetInitialState(Object& object, const PropertyRecord& record, PropertyResult& /*result*/) {
     WindowOf(object).Prop[std::u16string(kInitialState)] =
-        Value::OfInteger(EnumIndexOf(record.Text, kInitialStates));
+        Value::OfInteger(EnumIndexOf(record, kInitialStates));
 }
 
 void GetShape(Object& object, const PropertyRecord& /*record*/, PropertyResult& result) {

@@ -9,6 +9,7 @@ namespace {
 
 Toolkit* (*startToolkit)() = nullptr;
 Toolkit* started = nullptr;
+bool (*isWaitOver)() = nullptr;
 
 }  // namespace
 
@@ -24,5 +25,9 @@ void SetToolkitStarter(Toolkit* (*starter)()) {
     startToolkit = starter;
     started = nullptr;
 }
+
+bool IsWaitOver() { return isWaitOver != nullptr && isWaitOver(); }
+
+void SetWaitCheck(bool (*isOver)()) { isWaitOver = isOver; }
 
 }  // namespace velm

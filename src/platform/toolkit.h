@@ -231,6 +231,8 @@ class Toolkit {
     virtual ToolkitWindow* ActiveWindow() = 0;
     // The size of the screen without panels, in pixels.
     virtual PixelBox WorkArea() = 0;
+    // The colour of the desktop with a number from 0 to 24, as a pixel 0x00BBGGRR.
+    virtual std::uint32_t SystemColor(std::int32_t number) = 0;
     // An image file in any format that the toolkit reads; a pixel without colour is kTransparentPixel.
     // Throws Failure(53) for no such file, 481 for one that is no picture.
     virtual Pixmap LoadPicture(const std::u16string& path) = 0;
@@ -248,5 +250,11 @@ bool HasToolkit();
 // A face or test puts its way to start a toolkit in; nullptr takes it away, and what was started is
 // forgotten. What starter returns must outlive its use.
 void SetToolkitStarter(Toolkit* (*starter)());
+
+// Whether the run was stopped, so that what waits in the toolkit for its user (a modal window, a menu) is
+// to end its wait. A toolkit asks about twenty times a second while it waits; without a check it is false.
+bool IsWaitOver();
+// The check that IsWaitOver asks; nullptr takes it away.
+void SetWaitCheck(bool (*isOver)());
 
 }  // namespace velm

@@ -88,6 +88,42 @@ TEST_F(PictureControl, HoldsOtherControls) {
     EXPECT_EQ(window_.Client().grab().toImage().pixel(20 + 1 + 12, 30 + 1 + 12), qRgb(0, 0x80, 0));
 }
 
+TEST_F(PictureControl, KeepsToASideOfItsContainer) {
+    RecordingListener otherListener;
+    QtPicture other(&window_.Client(), otherListener);
+    other.SetGeometry({1, 2, 30, 40});
+    other.Set(u"Visible", true, {});
+    picture_->Set(u"Align", 3.0, {});
+    EXPECT_EQ(picture_->Geometry(), (PixelBox{0, 0, 65, 100}));
+    other.Set(u"Align", 2.0, {});
+    EXPECT_EQ(other.Geometry(), (PixelBox{0, 60, 200, 40}));
+    EXPECT_EQ(picture_->Geometry(), (PixelBox{0, 0, 65, 60}));
+    window_.SetClientSize(300, 150);
+    EXPECT_EQ(other.Geometry(), (PixelBox{0, 110, 300, 40}));
+    EXPECT_EQ(picture_->Geometry(), (PixelBox{0, 0, 65, 110}));
+    other.Set(u"Visible", false, {});
+    EXPECT_EQ(picture_->Geometry(), (PixelBox{0, 0, 65, 150}));
+    picture_->SetGeometry({9, 9, 20, 9});
+    EXPECT_EQ(picture_->Geometry(), (PixelBox{0, 0, 20, 150}));
+    picture_->Set(u"Align", 4.0, {});
+    EXPECT_EQ(picture_->Geometry(), (PixelBox{280, 0, 20, 150}));
+    picture_->Set(u"Align", 0.0, {});
+    window_.SetClientSize(200, 100);
+    EXPECT_EQ(picture_->Geometry(), (PixelBox{280, 0, 20, 150}));
+    EXPECT_THROW(picture_->Set(u"Align", 5.0, {}), Failure);
+}
+
+TEST_F(PictureControl, MayEndWhileItKeepsToASide) {
+    picture_->Set(u"Align", 1.0, {});
+    listener_.answer = [&](const ControlEvent& event) {
+        if (event.kind == EventKind::kResize) picture_.reset();
+        return false;
+    };
+    window_.SetClientSize(300, 150);
+    EXPECT_EQ(picture_, nullptr);
+    Deliver();
+}
+
 TEST_F(PictureControl, MayEndWithinItsOwnResize) {
     listener_.answer = [&](const ControlEvent& event) {
         if (event.kind == EventKind::kResize) picture_.reset();

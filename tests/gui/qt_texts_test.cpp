@@ -141,6 +141,16 @@ TEST_F(Controls, PasswordsShowTheirSign) {
     EXPECT_EQ(text->Get(u"Text", {}), Text(u"secret"));
 }
 
+TEST_F(Controls, TextsOfSeveralLinesKeepASignThatTheyDontShow) {
+    for (const ControlClass which : {ControlClass::kMultiLineText, ControlClass::kWrappedText}) {
+        const auto text = Make(which);
+        text->Set(u"Text", Text(u"secret"), {});
+        text->Set(u"PasswordChar", Text(u"●○"), {});
+        EXPECT_EQ(text->Get(u"PasswordChar", {}), Text(u"●"));
+        EXPECT_EQ(text->Get(u"Text", {}), Text(u"secret"));
+    }
+}
+
 TEST_F(Controls, TextsHaveBorderAndAlignment) {
     for (const ControlClass which : {ControlClass::kText, ControlClass::kMultiLineText}) {
         const auto text = Make(which);

@@ -11,6 +11,7 @@
 #include "platform/dialogs.h"
 #include "platform/files.h"
 #include "platform/qt/message_box.h"
+#include "platform/qt/qt_dialog_run.h"
 #include "platform/qt/qt_text.h"
 
 namespace velm {
@@ -154,7 +155,7 @@ std::vector<std::u16string> AskFiles(const FileRequest& request) {
     SetOptions(dialog, request);
     StartAt(dialog, request);
     std::vector<std::u16string> chosen;
-    if (dialog.exec() != QDialog::Accepted) return chosen;
+    if (RunDialog(dialog) != QDialog::Accepted) return chosen;
     for (const QString& path : dialog.selectedFiles())
         chosen.push_back(ScriptPath(QFile::encodeName(path).toStdString()));
     return chosen;

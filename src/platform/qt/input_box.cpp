@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "platform/qt/qt_dialog_run.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/text_view.h"
 
@@ -65,7 +66,7 @@ InputBox::InputBox(const std::u16string& prompt, const std::u16string& preset,
 }
 
 std::optional<std::u16string> InputBox::Ask() {
-    if (exec() != QDialog::Accepted) return std::nullopt;
+    if (RunDialog(*this) != QDialog::Accepted) return std::nullopt;
     return FromQString(line_->text());
 }
 

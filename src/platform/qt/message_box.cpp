@@ -12,6 +12,7 @@
 
 #include "platform/dialogs.h"
 #include "platform/qt/box_icon.h"
+#include "platform/qt/qt_dialog_run.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/text_view.h"
 
@@ -109,7 +110,7 @@ void MessageBox::AddButtons(QHBoxLayout& row) {
 int MessageBox::Ask() {
     QAccessibleEvent alert(this, QAccessible::Alert);
     QAccessible::updateAccessibility(&alert);
-    exec();
+    RunDialog(*this);
     return answer_;
 }
 

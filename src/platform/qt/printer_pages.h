@@ -39,7 +39,10 @@ class PrinterPages {
     // Native path of the PDF file: the chosen one, of the document begun or the last one, or empty.
     QString File() const;
     // Empty: each document gets a file of its own.
-    void SetFile(const QString& path) { chosenFile_ = path; }
+    void SetFile(const QString& path) {
+        chosenFile_ = path;
+        dialogFile_.clear();
+    }
     // The name that the next document will have.
     QString NextFile() const;
 

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QFontDatabase>
 #include <QLocale>
+#include <QLoggingCategory>
 #include <algorithm>
 #include <clocale>
 #include <cstdio>
@@ -66,6 +67,16 @@ void ChooseJapaneseFont() {
     QApplication::setFont(font);
 }
 
+// A broken picture is a failure of the script's step, not something to print; how full the toolkit's queue
+// is, and what can't be done without a display, is no news to who runs a script.
+void QuietMessages() {
+    QString rules = QStringLiteral("qt.gui.imageio*=false\nqt.qpa.events.reader=false\n");
+    if (QApplication::platformName() == QLatin1String("offscreen")) {
+        rules += QStringLiteral("default.warning=false\n");
+    }
+    QLoggingCategory::setFilterRules(rules);
+}
+
 ApplicationPointer MakeApplication(QtMessageHandler onMessage) {
     // The toolkit keeps references to both for as long as it lives.
     static int count = 1;
@@ -74,6 +85,7 @@ ApplicationPointer MakeApplication(QtMessageHandler onMessage) {
     const QtMessageHandler usual = qInstallMessageHandler(onMessage);
     ApplicationPointer application(new QApplication(count, words));
     qInstallMessageHandler(usual);
+    QuietMessages();
     ChooseJapaneseFont();
     // The toolkit took over the user's locale, decimal comma included.
     std::setlocale(LC_NUMERIC, "C");

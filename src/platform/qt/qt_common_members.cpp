@@ -9,6 +9,7 @@
 #include "platform/qt/qt_fonts.h"
 #include "platform/qt/qt_members.h"
 #include "platform/qt/qt_tab_order.h"
+#include "platform/qt/qt_wayland.h"
 
 namespace velm {
 
@@ -84,6 +85,7 @@ void SetTag(QtSurface& surface, const std::u16string& tag) { surface.tag = tag; 
 
 // Of the window of the display that shows it; 0 before there is one.
 double Handle(QtSurface& surface) {
+    RefuseOnWayland();
     return static_cast<double>(surface.Widget()->effectiveWinId());
 }
 

@@ -10,6 +10,7 @@
 #include "data/failure.h"
 #include "platform/qt/qt_cursors.h"
 #include "platform/qt/qt_text.h"
+#include "platform/qt/qt_wayland.h"
 #include "platform/qt/x11_display.h"
 
 namespace velm {
@@ -34,8 +35,7 @@ ScreenPoint QtDesktop::ScreenSize() {
 
 ScreenPoint QtDesktop::MousePosition() {
     // There it would be the last place over one of our own windows.
-    if (QGuiApplication::platformName().startsWith(QLatin1String("wayland")))
-        throw Failure(failure::kNoSuchMember);
+    RefuseOnWayland();
     const QPoint place = QCursor::pos();
     return {place.x(), place.y()};
 }

@@ -8,6 +8,7 @@
 #include "platform/qt/file_progress.h"
 #include "platform/qt/input_box.h"
 #include "platform/qt/message_box.h"
+#include "platform/qt/qt_dialog_run.h"
 #include "platform/qt/qt_text.h"
 
 namespace velm {
@@ -58,7 +59,7 @@ FileChoice AskFile(const std::u16string& title, const std::u16string& kind,
     if (!dialog.isVisible()) return {};
     FileChoice choice;
     choice.end =
-        dialog.exec() == QDialog::Accepted ? FileChoice::End::kChosen : FileChoice::End::kCancelled;
+        RunDialog(dialog) == QDialog::Accepted ? FileChoice::End::kChosen : FileChoice::End::kCancelled;
     const QStringList files = dialog.selectedFiles();
     if (choice.end == FileChoice::End::kChosen && !files.isEmpty()) {
         choice.nativePath = QFile::encodeName(files.first()).toStdString();

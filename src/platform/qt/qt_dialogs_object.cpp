@@ -17,6 +17,7 @@
 #include "platform/qt/outside_surface.h"
 #include "platform/qt/page_margins.h"
 #include "platform/qt/printer_pages.h"
+#include "platform/qt/qt_dialog_run.h"
 #include "platform/qt/qt_printer.h"
 
 namespace velm {
@@ -60,7 +61,7 @@ std::int32_t NumberOf(const QColor& color) {
 bool Run(State& state, QDialog& dialog) {
     if (!state.title.empty()) dialog.setWindowTitle(ToTitle(state.title));
     dialog.setWindowModality(Qt::ApplicationModal);
-    state.isCancelled = dialog.exec() != QDialog::Accepted;
+    state.isCancelled = RunDialog(dialog) != QDialog::Accepted;
     return !state.isCancelled;
 }
 

@@ -10,6 +10,7 @@
 
 #include "platform/qt/qt_surface.h"
 #include "platform/qt/qt_text.h"
+#include "platform/qt/qt_wait_watch.h"
 
 namespace velm {
 
@@ -37,7 +38,8 @@ bool AreLike(const QList<QAction*>& actions, const std::vector<MenuEntry>& entri
 }
 
 void Apply(QAction& action, const MenuEntry& entry) {
-    action.setText(ToTitle(entry.text));
+    // A separator with a text would be the heading of a section.
+    if (!entry.isSeparator) action.setText(ToTitle(entry.text));
     action.setEnabled(entry.isEnabled);
     action.setVisible(entry.isVisible);
     action.setCheckable(entry.isChecked);
@@ -128,6 +130,9 @@ std::int32_t AskMenu(const MenuEntry& menu, QWidget& owner, QPoint place) {
     std::int32_t chosen = kNothingChosen;
     const QPointer<QMenu> shown = new QMenu(&owner);
     Build(*shown, menu.children, [](std::int32_t) {});
+    const QtWaitWatch watch([shown] {
+        if (shown != nullptr) shown->close();
+    });
     // The window, and its menus with it, may end meanwhile.
     const QAction* action = shown->exec(place);
     if (shown == nullptr) return kNothingChosen;

@@ -4,7 +4,6 @@
 #include <QFile>
 #include <QImage>
 #include <QImageReader>
-#include <QLoggingCategory>
 #include <QtEndian>
 #include <algorithm>
 #include <cstdlib>
@@ -40,8 +39,6 @@ struct IconEntry {
 void SetUpReading() {
     static const bool done = [] {
         QImageReader::setAllocationLimit(kMostMegabytes);
-        // A broken file is a failure of the script's step, not something to print.
-        QLoggingCategory::setFilterRules(QStringLiteral("qt.gui.imageio*=false"));
         return true;
     }();
     static_cast<void>(done);

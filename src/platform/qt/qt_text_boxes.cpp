@@ -52,7 +52,17 @@ void SetAlignment(QtSurface& surface, int number) {
     document.setDefaultTextOption(option);
 }
 
+// Several lines always show what is typed.
+constexpr const char* kUnusedPassword = "velmUnusedPassword";
+QString LinesPassword(QtSurface& surface) {
+    return surface.Widget()->property(kUnusedPassword).toString();
+}
+void SetLinesPassword(QtSurface& surface, const QString& sign) {
+    surface.Widget()->setProperty(kUnusedPassword, sign.left(1));
+}
+
 constexpr QtMember kLinesMembers[] = {
+    Member<LinesPassword, SetLinesPassword>(u"PasswordChar"),
     ReadOnlyMember<IsMultiLine>(u"MultiLine"),
     ReadOnlyMember<ScrollBars>(u"ScrollBars"),
     Member<BorderStyle, SetBorderStyle>(u"BorderStyle"),

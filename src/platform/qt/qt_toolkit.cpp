@@ -7,6 +7,7 @@
 #include "data/failure.h"
 #include "platform/qt/qt_application.h"
 #include "platform/qt/qt_canvas_view.h"
+#include "platform/qt/qt_colors.h"
 #include "platform/qt/qt_control.h"
 #include "platform/qt/qt_desktop.h"
 #include "platform/qt/qt_dialogs_object.h"
@@ -51,6 +52,8 @@ class QtToolkit : public Toolkit {
         const QRect area = screen->availableGeometry();
         return {area.x(), area.y(), area.width(), area.height()};
     }
+
+    std::uint32_t SystemColor(std::int32_t number) override { return SystemPixel(number); }
 
     Pixmap LoadPicture(const std::u16string& path) override { return LoadQtPicture(path); }
     Pixmap LoadIcon(const std::u16string& path, std::int32_t index, bool isSmall) override {

@@ -20,6 +20,8 @@
 #include "platform/qt/qt_menus.h"
 #include "platform/qt/qt_pictures.h"
 #include "platform/qt/qt_taskbar.h"
+#include "platform/qt/qt_wait_watch.h"
+#include "platform/qt/qt_wayland.h"
 #include "platform/qt/qt_window_frame.h"
 
 namespace velm {
@@ -85,7 +87,7 @@ QtWindow::QtWindow(ControlListener& listener)
     surface_->control = this;
     surface_->tellsClicks = true;
     surface_->isPlacedByInner = true;  // a menu bar may stand above it
-    frame_->move(NextPlace());
+    if (!IsOnWayland()) frame_->move(NextPlace());
     client_->onResized = [this] {
         if (frame_->isVisible() && !surface_->IsQuiet()) surface_->Tell(EventKind::kResize);
     };
@@ -143,7 +145,13 @@ void QtWindow::SetGeometry(const PixelBox& box) {
         frame_->setWindowState(frame_->windowState() & ~Qt::WindowFullScreen);
     }
     if (alive == nullptr) return;
-    if (box.left != before.left || box.top != before.top) frame_->move(box.left, box.top);
+    const bool isElsewhere = box.left != before.left || box.top != before.top;
+    if (isElsewhere && !IsOnWayland()) frame_->move(box.left, box.top);
+    SetOuterSize(box, before);
+    if (isElsewhere) RefuseOnWayland();
+}
+
+void QtWindow::SetOuterSize(const PixelBox& box, const PixelBox& before) {
     if (box.width == before.width && box.height == before.height) return;
     const QSize outer(Side(box.width), Side(box.height));
     const QWindow* handle = frame_->windowHandle();
@@ -283,6 +291,7 @@ void QtWindow::SetShape(const Pixmap& mask) {
     QtWindowStyle style = style_;
     style.isShaped = !mask.pixels.empty();
     if (style.isShaped) {
+        RefuseOnWayland();
         const QImage shape = ImageOfPixmap(mask).createAlphaMask();
         QRegion region(QBitmap::fromImage(shape));
         const int top = frame_->height() - client_->height();
@@ -321,6 +330,9 @@ void QtWindow::Show(bool isModal) {
     modal_ = &loop;
     ShowFrame(true);
     if (alive == nullptr) return;
+    const QtWaitWatch watch([this, &alive] {
+        if (alive != nullptr) Hide();
+    });
     if (frame_->isVisible()) loop.exec();
     if (alive == nullptr) return;
     modal_ = nullptr;

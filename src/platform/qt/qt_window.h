@@ -98,6 +98,7 @@ class QtWindow : public ToolkitWindow, public QtContainer {
 
     void LayOut();
     void Resize(QSize size);
+    void SetOuterSize(const PixelBox& box, const PixelBox& before);
     void FixSize(QSize size);
     void ShowFrame(bool isModal);
     void ApplyStyle();

@@ -6,6 +6,7 @@
 #include "platform/qt/qt_canvas_view.h"
 #include "platform/qt/qt_printer.h"
 #include "platform/qt/qt_text.h"
+#include "platform/qt/qt_wayland.h"
 #include "platform/qt/qt_window.h"
 
 namespace velm {
@@ -80,6 +81,11 @@ void SetFlag(QtSurface& surface, const MemberValue& value, const Arguments&) {
     window.SetStyle(style);
 }
 
+void SetTopMost(QtSurface& surface, const MemberValue& value, const Arguments& arguments) {
+    if (MemberToBool(value)) RefuseOnWayland();
+    SetFlag<&QtWindowStyle::isTopMost>(surface, value, arguments);
+}
+
 MemberValue GetMoveable(QtSurface&, const Arguments&) { return true; }
 
 // No desktop here lets a program nail its windows down.
@@ -94,6 +100,7 @@ MemberValue GetAlpha(QtSurface& surface, const Arguments&) {
 void SetAlpha(QtSurface& surface, const MemberValue& value, const Arguments&) {
     const std::int32_t alpha = MemberToInt(value);
     if (alpha < 0 || alpha > kOpaque) throw Failure(failure::kBadCall);
+    if (alpha != kOpaque) RefuseOnWayland();
     WindowOf(surface).alpha = alpha;
     surface.Widget()->setWindowOpacity(static_cast<double>(alpha) / kOpaque);
 }
@@ -171,7 +178,7 @@ constexpr QtMember kMembers[] = {
     {u"Kind", GetKind, SetKind, nullptr},
     {u"Moveable", GetMoveable, SetMoveable, nullptr},
     {u"Alpha", GetAlpha, SetAlpha, nullptr},
-    {u"TopMost", GetFlag<&QtWindowStyle::isTopMost>, SetFlag<&QtWindowStyle::isTopMost>, nullptr},
+    {u"TopMost", GetFlag<&QtWindowStyle::isTopMost>, SetTopMost, nullptr},
     {u"ShowInTaskbar", GetTaskbar, SetTaskbar, nullptr},
     {u"MinButton", GetFlag<&QtWindowStyle::hasMinButton>, SetFlag<&QtWindowStyle::hasMinButton>,
      nullptr},

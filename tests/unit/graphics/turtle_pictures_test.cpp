@@ -11,6 +11,7 @@
 #include "data/failure.h"
 #include "graphics/canvas.h"
 #include "graphics/turtle.h"
+#include "unit/graphics/fixed_fonts.h"
 #include "unit/graphics/picture_text.h"
 #include "unit/graphics/recording_surface.h"
 #include "unit/platform/fails_with.h"
@@ -18,8 +19,8 @@
 namespace velm {
 namespace {
 
-std::string TurtleText(std::int32_t identifier) {
-    return PictureText(TurtlePicture(identifier), 32, 32,
+std::string SignsOf(const Pixmap& picture) {
+    return PictureText(picture, picture.width, picture.height,
                        {{kTransparentPixel, '.'},
                         {0x50B070, 's'},
                         {0x205030, 'R'},
@@ -28,11 +29,29 @@ std::string TurtleText(std::int32_t identifier) {
                         {0, '#'}});
 }
 
+std::string TurtleText(std::int32_t identifier) { return SignsOf(TurtlePicture(identifier)); }
+
 TEST(TurtlePictures, AreTheApprovedOnes) {
     for (const std::int32_t identifier : {101, 2015, 2045, 2070, 2090, 2180, 2330}) {
         const std::string name = "turtle_" + std::to_string(identifier) + ".txt";
         EXPECT_EQ(TurtleText(identifier), ApprovedPicture(name)) << name;
     }
+}
+
+// All directions in one picture: six in a row, 15 degrees clockwise from one to the next.
+TEST(TurtlePictures, EveryDirectionIsTheApprovedOne) {
+    constexpr std::int32_t kSide = 32;
+    constexpr std::int32_t kInRow = 6;
+    Pixmap sheet(kInRow * kSide, 4 * kSide, kTransparentPixel);
+    for (std::int32_t i = 0; i < 24; ++i) {
+        const Pixmap& turtle = TurtlePicture(i == 0 ? kTurtleFacingUp : kTurtleFirstAngle + i * 15);
+        const std::int32_t left = i % kInRow * kSide;
+        const std::int32_t top = i / kInRow * kSide;
+        for (std::int32_t y = 0; y < turtle.height; ++y) {
+            std::copy_n(turtle.Row(y), turtle.width, sheet.Row(top + y) + left);
+        }
+    }
+    EXPECT_EQ(SignsOf(sheet), ApprovedPicture("turtles.txt"));
 }
 
 TEST(TurtlePictures, EveryDirectionLooksElseAndFits) {
@@ -103,6 +122,42 @@ TEST_F(TurtleOnCanvas, AScene) {
         Done(sentence);
     }
     EXPECT_EQ(Text(), ApprovedPicture("scene.txt"));
+}
+
+// Texts go on behind each other and begin anew at the left edge; one leaves the canvas.
+TEST_F(TurtleOnCanvas, Writing) {
+    const FixedFonts fonts;
+    Start(48, 26);
+    for (const std::u16string_view sentence :
+         {u"「aa b」を3,2へ赤で書け", u"「ca」を青で書け", u"「a」＆改行＆「aa」を9,9へ黒で書け",
+          u"「aaaaaaaa」を30,19へ緑で書け"}) {
+        Done(sentence);
+    }
+    EXPECT_EQ(Text(), ApprovedPicture("writing.txt"));
+}
+
+// A red box with a black left edge and a hole through which the ground shows.
+Pixmap HollowBox() {
+    Pixmap box(32, 20, 0x0000FF);
+    for (std::int32_t y = 0; y < box.height; ++y) {
+        box.Row(y)[0] = 0;
+        if (y >= 4 && y < 12) std::fill_n(box.Row(y) + 8, 20, kTransparentPixel);
+    }
+    return box;
+}
+
+TEST_F(TurtleOnCanvas, Stamps) {
+    Start(80, 48);
+    turtle.SetPicture(HollowBox());
+    Done(u"色は 緑");
+    Done(u"80,8で0,4から塗りつぶして四角形");
+    Done(u"2,1へスタンプ");
+    SetPosition(Word(u"60,12"));
+    Done(u"スタンプ");
+    Done(u"2,24へ1.5,1で大きくスタンプ");
+    SetPosition(Word(u"80,40"));
+    Done(u"0.5,0.25で大きくスタンプ");
+    EXPECT_EQ(Text(), ApprovedPicture("stamps.txt"));
 }
 
 TEST_F(TurtleOnCanvas, AWalkOfTenThousandStepsTakesNoTime) {

@@ -95,23 +95,44 @@ TEST_F(CreateControls, NumberZeroIsTheHiddenTemplate) {
 TEST_F(CreateControls, TheNumberIsEvaluated) {
     SetVariable(u"番", Value(u"2"));
     Do(u"ボタン（番＋1）を作る");
-    EXPECT_EQ(Find(u"ボタン（番＋1）")->Index(), 3);
+    EXPECT_EQ(Find(u"ボタン3")->Index(), 3);
     Do(u"ラベル番を作る");
-    EXPECT_EQ(Find(u"ラベル番")->Index(), 2);
+    EXPECT_EQ(Find(u"ラベル2")->Index(), 2);
     Do(u"タイマー番を作る");
-    EXPECT_EQ(Find(u"タイマー番")->Index(), 0) << "a timer's number is a plain one";
+    EXPECT_EQ(Find(u"タイマー0")->Index(), 0) << "a timer's number is a plain one";
     Do(u"ボタン99999を作る");
-    EXPECT_EQ(Find(u"ボタン99999")->Index(), 0) << "more than 16 bits";
+    EXPECT_EQ(Find(u"ボタン0")->Index(), 0) << "more than 16 bits";
+}
+
+TEST_F(CreateControls, EachPassOfALoopMakesAControlOfItsOwn) {
+    Do(u"ウィンドウ1を作る");
+    for (const std::u16string_view number : {u"1", u"2", u"3"}) {
+        SetVariable(u"番", Value(number));
+        Do(u"ボタン番を作る");
+        EXPECT_EQ(run.ErrorNumber, 0);
+        Do(u"ボタン番の名前は、番");
+    }
+    SetVariable(u"番", Value(u"2"));
+    EXPECT_EQ(Read(u"ボタン番の名前"), u"2");
+    EXPECT_EQ(Read(u"ボタン3の名前"), u"3");
+    EXPECT_EQ(Read(u"ボタン1のオブジェクト名"), u"ボタン１");
 }
 
 TEST_F(CreateControls, ShapesAndLinesAreMadeByOtherWords) {
     Do(u"形3を作る");
     EXPECT_EQ(Find(u"形3")->Class(), ControlClass::kShape);
+    EXPECT_EQ(Read(u"形3のオブジェクト名"), u"シェイプ３");
+    Do(u"形4を四角として作る");
+    Do(u"形4を作る");
+    EXPECT_EQ(Read(u"形4のオブジェクト名"), u"四角");
     Do(u"シェイプ3を作る");
     EXPECT_EQ(run.ErrorNumber, 103);
     Do(u"線を作る");
     EXPECT_EQ(Find(u"線")->Class(), ControlClass::kLine);
     EXPECT_EQ(Find(u"線")->Index(), 0);
+    EXPECT_EQ(Find(u"ライン0"), Find(u"線"));
+    EXPECT_EQ(Read(u"線のオブジェクト名"), u"");
+    EXPECT_EQ(ObjectKindName(*Find(u"線")), u"ライン０");
     Do(u"線2を作る");
     EXPECT_EQ(run.ErrorNumber, 103);
     Do(u"ライン2を作る");
@@ -196,6 +217,16 @@ TEST_F(CreateControls, WhileAPictureIsDrawnOnControlsGoIntoIt) {
     Do(u"ボタン1を作る");
     EXPECT_EQ(Find(u"ボタン1")->Container(), picture);
     EXPECT_EQ(Of(u"ボタン1").box, (PixelBox{7, 8, 65, 25}));
+}
+
+TEST_F(CreateControls, WhileAFrameIsThePlaceControlsGoIntoIt) {
+    Do(u"フレーム1を作る");
+    Do(u"場所は フレーム1");
+    Do(u"オプション1を作る");
+    EXPECT_EQ(Find(u"オプション1")->Container(), Find(u"フレーム1"));
+    EXPECT_EQ(Of(u"オプション1").container, &Of(u"フレーム1"));
+    Do(u"フレーム1を消す");
+    EXPECT_FALSE(Find(u"オプション1"));
 }
 
 TEST_F(CreateControls, AnAliasIsTheName) {

@@ -1,6 +1,9 @@
 // Windows: making, showing, closing; the state of a run; the turtle of a window.
+#include <limits>
+
 #include "core/hooks.h"
 #include "core/velm.h"
+#include "graphics/colors.h"
 #include "graphics/drawing_surface.h"
 #include "graphics/turtle.h"
 #include "graphics/turtle_pictures.h"
@@ -41,6 +44,16 @@ TEST_F(Windows, ShowOpensTheFirstOne) {
     EXPECT_EQ(window.ClientHeight(), 319);
     EXPECT_EQ(window.canvas, objects.FirstWindow->Canvas());
     EXPECT_EQ(window.picture.pixels, TurtlePicture(kTurtleFacingUp).pixels);
+}
+
+TEST_F(Windows, ColoursOfTheDesktopAreTheToolkits) {
+    constexpr std::int32_t kFaceOfButtons = 15;
+    const std::int32_t face = std::numeric_limits<std::int32_t>::min() + kFaceOfButtons;
+    const std::uint32_t usual = PixelOfColor(face);
+    toolkit.systemColors[kFaceOfButtons] = 0x123456;
+    Do(u"ウィンドウ2を作る");
+    EXPECT_EQ(PixelOfColor(face), 0x123456U);
+    SetSystemColor(kFaceOfButtons, usual);
 }
 
 TEST_F(Windows, MakingShowsAWindow) {

@@ -106,6 +106,24 @@ TEST_F(DialogCommands, AFontStartsFromTheWindows) {
     EXPECT_EQ(Answer(u"FontStrikethrough"), u"True");
 }
 
+TEST_F(DialogCommands, TheAnswersHaveWords) {
+    Dialogs();
+    EXPECT_EQ(Answer(u"DialogTitle"), u"題");
+    Do(u"選択ウィンドウのフィルタは、「文書|*.txt」");
+    EXPECT_EQ(Answer(u"Filter"), u"文書|*.txt");
+    Do(u"選択ウィンドウの色は、青");
+    EXPECT_EQ(Answer(u"Color"), u"16711680");
+    Choose();
+    Do(u"開くファイルを選択");
+    EXPECT_EQ(Read(u"選択ウィンドウのファイル名"), u"C:\\選んだ");
+    EXPECT_EQ(Read(u"選択ウィンドウの色"), u"&hFF0000");
+    EXPECT_EQ(Read(u"選択ウィンドウのキャンセル"), u"0");
+    Cancel();
+    Do(u"開くファイルを選択");
+    EXPECT_EQ(Read(u"選択ウィンドウのファイル名"), u"");
+    EXPECT_EQ(Read(u"選択ウィンドウのキャンセル"), u"1");
+}
+
 TEST_F(DialogCommands, ThePage) {
     Dialogs();
     Do(u"ページ設定を選択");

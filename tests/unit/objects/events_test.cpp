@@ -9,6 +9,7 @@
 #include "core/run_state.h"
 #include "core/variables.h"
 #include "objects/create.h"
+#include "objects/object_canvas.h"
 #include "objects/resolve.h"
 #include "objects/window_keys.h"
 #include "unit/objects/recording_toolkit.h"
@@ -442,6 +443,36 @@ TEST_F(EventsTest, AControlMayRemoveItselfInItsClick) {
     Fire(*button, EventKind::kClick);
     EXPECT_TRUE(button->IsUnloaded());
     EXPECT_EQ(ResolveObject(u"ボタン1", true), nullptr);
+}
+
+TEST_F(EventsTest, WhatItsProcedureRemovesIsNobodysThis) {
+    Run(u"ウィンドウ1を作る\r\nボタン2を作る\r\nボタン1を作る\r\nボタン2について\r\n"
+        u"手順は　ウィンドウ1のボタン1をクリック\r\nボタン2を消す\r\n終わり");
+    objects.ThatObject = ResolveObject(u"ボタン2", true);
+    Fire(*FindControl(*objects.CurrentWindow, u"ボタン1"), EventKind::kClick);
+    EXPECT_EQ(objects.ThisObject, nullptr);
+    EXPECT_EQ(objects.ThatObject, nullptr);
+}
+
+TEST_F(EventsTest, AFailureStaysWithinTheEvent) {
+    Run(u"ウィンドウ1を作る" + Procedure(u"ウィンドウ1でマウスのボタンを下げる", u"d"));
+    Object& window = *objects.CurrentWindow;
+    window.Canvas()->scaleMode = 99;
+    EXPECT_NO_THROW(Fire(window, Mouse(EventKind::kMouseDown, mouse_button::kLeft, 1, 1)));
+    EXPECT_EQ(Record(), u"d") << "a place that can't be told is no reason to tell nothing";
+}
+
+// A signal or 終了 sets the flag; a modal window can't see it.
+TEST_F(EventsTest, AStoppedRunEndsTheWaitsOfTheToolkit) {
+    Run(u"ウィンドウ1を作る");
+    EXPECT_FALSE(IsWaitOver());
+    run.StopFlag = true;
+    EXPECT_TRUE(IsWaitOver());
+    run.Status = RunStatus::kIdle;
+    EXPECT_FALSE(IsWaitOver()) << "a host may go on asking";
+    process.Interrupted = true;
+    EXPECT_TRUE(IsWaitOver());
+    process.Interrupted = false;
 }
 
 TEST_F(EventsTest, AWindowMayCloseInItsControlsEvent) {

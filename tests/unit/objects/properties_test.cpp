@@ -209,6 +209,15 @@ TEST_F(Properties, ValueForms) {
     EXPECT_EQ(EnumIndexOf(Value(u"下"), names), 2);
     EXPECT_EQ(EnumIndexOf(Value(u"7"), names), 7);
     EXPECT_EQ(EnumIndexOf(Value(u"左"), names), 0);
+    PropertyRecord word;
+    word.Value = Word(u"上");
+    word.Text = Value(u"");
+    EXPECT_EQ(EnumIndexOf(word, names), 1);
+    word.Text = Value(u"下");
+    EXPECT_EQ(EnumIndexOf(word, names), 2);
+    word.Value = Word(u"何か");
+    word.Text = Value(u"1");
+    EXPECT_EQ(EnumIndexOf(word, names), 1);
     EXPECT_EQ(EnumNameOf(1, names).Text(), u"上");
     EXPECT_EQ(EnumNameOf(3, names).Text(), u"3");
     EXPECT_EQ(EnumNameOf(-1, names).Text(), u"-1");

@@ -2,6 +2,7 @@
 #include "unit/objects/recording_toolkit.h"
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 #include "core/hooks.h"
@@ -9,6 +10,7 @@
 #include "core/velm.h"
 #include "data/failure.h"
 #include "data/width.h"
+#include "graphics/colors.h"
 #include "objects/create.h"
 #include "objects/object_system.h"
 #include "unit/objects/recorded_classes.h"
@@ -235,6 +237,12 @@ Pixmap RecordingToolkit::LoadIcon(const std::u16string& path, std::int32_t index
     const auto found = pictures.find(path);
     if (found == pictures.end()) throw Failure(pictureFailure);
     return found->second;
+}
+
+std::uint32_t RecordingToolkit::SystemColor(std::int32_t number) {
+    const auto own = systemColors.find(number);
+    if (own != systemColors.end()) return own->second;
+    return PixelOfColor(std::numeric_limits<std::int32_t>::min() + number);
 }
 
 void RecordingToolkit::Pump() {

@@ -161,6 +161,7 @@ class RecordingToolkit : public Toolkit, public TrayIcon {
     TrayIcon& Tray() override { return *this; }
     ToolkitWindow* ActiveWindow() override { return activeWindow; }
     PixelBox WorkArea() override { return workArea; }
+    std::uint32_t SystemColor(std::int32_t number) override;
     Pixmap LoadPicture(const std::u16string& path) override;
     Pixmap LoadIcon(const std::u16string& path, std::int32_t index, bool isSmall) override;
     void Pump() override;
@@ -174,6 +175,11 @@ class RecordingToolkit : public Toolkit, public TrayIcon {
 
     // The next label of a class.
     std::u16string NextLabel(std::u16string_view className);
+    // Forgets the notes and the numbers of the labels.
+    void StartNotes() {
+        notes.clear();
+        counts_.clear();
+    }
     // Whether a note of exactly this text is there.
     bool HasNote(std::u16string_view note) const;
 
@@ -187,6 +193,8 @@ class RecordingToolkit : public Toolkit, public TrayIcon {
     RecordedSurface* printer = nullptr;
     ToolkitWindow* activeWindow = nullptr;
     PixelBox workArea = {0, 0, 1024, 768};
+    // Colours of the desktop that differ from those in force.
+    std::map<std::int32_t, std::uint32_t> systemColors;
     int pumps = 0;
     // Called by the next pump, and taken away by it: where a test tells of events.
     std::vector<void (*)()> atPump;
