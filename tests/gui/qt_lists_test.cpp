@@ -150,12 +150,12 @@ TEST_F(ListTest, TellsOfScrollingByTheUserAlone) {
     EXPECT_GT(Told(EventKind::kScroll), 10);
 }
 
-TEST_F(ListTest, HasRowsAsHighAsTheirFont) {
+TEST_F(ListTest, HasRowsAsHighAsTheirFontWithRoomAround) {
     Show();
-    EXPECT_EQ(List().visualItemRect(List().item(0)).height(), 12);
+    EXPECT_EQ(List().visualItemRect(List().item(0)).height(), 14);
     Set(u"FontSize", 18.0);
     Deliver();
-    EXPECT_EQ(List().visualItemRect(List().item(0)).height(), 24);
+    EXPECT_EQ(List().visualItemRect(List().item(0)).height(), 26);
 }
 
 TEST_F(ListTest, ShowsAWholeRowInTheHeightOfItsTemplate) {

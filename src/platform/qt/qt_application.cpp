@@ -15,6 +15,7 @@
 
 #include "platform/qt/japanese_texts.h"
 #include "platform/qt/qt_frames.h"
+#include "platform/qt/qt_removal.h"
 
 namespace velm {
 
@@ -132,7 +133,11 @@ void PumpApplication() {
     clock_gettime(CLOCK_MONOTONIC_COARSE, &now);
     if (now.tv_nsec == last.tv_nsec && now.tv_sec == last.tv_sec) return;
     last = now;
-    QCoreApplication::processEvents();
+    DeleteWhatIsFree();
+    {
+        const ToolkitScope scope;
+        QCoreApplication::processEvents();
+    }
     ShowDueFrame();
 }
 

@@ -4,6 +4,9 @@
 #include <QDialog>
 #include <QEvent>
 
+#include "platform/qt/qt_removal.h"
+#include "platform/qt/qt_wait_watch.h"
+
 namespace velm {
 
 namespace {
@@ -38,7 +41,9 @@ class OwnerWatch : public QObject {
 }  // namespace
 
 int RunDialog(QDialog& dialog) {
+    const ToolkitScope scope;
     const OwnerWatch watch(dialog);
+    const QtWaitWatch stop([&dialog] { dialog.done(QDialog::Rejected); });
     bool isAnswered = false;
     const auto noteAnswer = [&isAnswered] { isAnswered = true; };
     QObject::connect(&dialog, &QDialog::finished, &watch, noteAnswer);

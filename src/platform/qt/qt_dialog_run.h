@@ -7,7 +7,7 @@ class QDialog;
 namespace velm {
 
 // Shows a dialog and waits; its result. When its owner ends before the user has answered, the dialog
-// goes on without one. The caller owns the dialog.
+// goes on without one; when the run is stopped it counts as rejected. The caller owns the dialog.
 int RunDialog(QDialog& dialog);
 
 }  // namespace velm

@@ -58,8 +58,8 @@ FileChoice AskFile(const std::u16string& title, const std::u16string& kind,
     dialog.show();
     if (!dialog.isVisible()) return {};
     FileChoice choice;
-    choice.end =
-        RunDialog(dialog) == QDialog::Accepted ? FileChoice::End::kChosen : FileChoice::End::kCancelled;
+    choice.end = RunDialog(dialog) == QDialog::Accepted ? FileChoice::End::kChosen
+                                                        : FileChoice::End::kCancelled;
     const QStringList files = dialog.selectedFiles();
     if (choice.end == FileChoice::End::kChosen && !files.isEmpty()) {
         choice.nativePath = QFile::encodeName(files.first()).toStdString();

@@ -31,8 +31,13 @@ class FramedWidget : public QWidget {
     }
     void PaintBorder(QPainter& painter) const {
         if (!hasBorder) return;
-        painter.setPen(palette().color(QPalette::Shadow));
-        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+        // Filled, since a pen of one pixel would leave a gap at the edge of a fine display.
+        const QRect all = rect();
+        const QColor color = palette().color(QPalette::Shadow);
+        painter.fillRect(QRect(all.topLeft(), QSize(all.width(), 1)), color);
+        painter.fillRect(QRect(all.bottomLeft(), QSize(all.width(), 1)), color);
+        painter.fillRect(QRect(all.topLeft(), QSize(1, all.height())), color);
+        painter.fillRect(QRect(all.topRight(), QSize(1, all.height())), color);
     }
 };
 

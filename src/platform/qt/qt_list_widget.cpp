@@ -19,6 +19,7 @@ namespace velm {
 namespace {
 
 constexpr int kGap = 2;   // pixels between the edge, the folder and the text
+constexpr int kRoom = 1;  // above and below the text: letters may be higher than their font
 constexpr int kStep = 8;  // that a row is indented by for each folder above it
 constexpr QAbstractItemView::SelectionMode kModes[] = {QAbstractItemView::SingleSelection,
                                                        QAbstractItemView::MultiSelection,
@@ -27,7 +28,7 @@ constexpr QAbstractItemView::SelectionMode kModes[] = {QAbstractItemView::Single
 class RowPainter : public QAbstractItemDelegate {
   public:
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& /*row*/) const override {
-        return {1, LinePitch(option.font)};
+        return {1, LinePitch(option.font) + 2 * kRoom};
     }
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
@@ -43,7 +44,7 @@ class RowPainter : public QAbstractItemDelegate {
         painter->setFont(option.font);
         painter->setPen(
             option.palette.color(group, isChosen ? QPalette::HighlightedText : QPalette::Text));
-        painter->drawText(left, option.rect.top() + LineBase(option.font),
+        painter->drawText(left, option.rect.top() + kRoom + LineBase(option.font),
                           row.data(Qt::DisplayRole).toString());
         if (option.state.testFlag(QStyle::State_HasFocus)) PaintFocus(*painter, option);
         painter->restore();

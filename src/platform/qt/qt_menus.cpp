@@ -8,6 +8,7 @@
 #include <QTimer>
 #include <functional>
 
+#include "platform/qt/qt_removal.h"
 #include "platform/qt/qt_surface.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/qt_wait_watch.h"
@@ -85,9 +86,9 @@ void Empty(QMenuBar& bar) {
         bar.removeAction(action);
         if (action->menu() != nullptr) {
             action->menu()->close();
-            action->menu()->deleteLater();
+            RemoveWhenFree(*action->menu(), 0);
         } else {
-            action->deleteLater();
+            RemoveWhenFree(*action, 0);
         }
     }
 }
@@ -137,7 +138,7 @@ std::int32_t AskMenu(const MenuEntry& menu, QWidget& owner, QPoint place) {
     const QAction* action = shown->exec(place);
     if (shown == nullptr) return kNothingChosen;
     if (action != nullptr) chosen = action->data().toInt();
-    shown->deleteLater();
+    RemoveWhenFree(*shown, 0);
     return chosen;
 }
 

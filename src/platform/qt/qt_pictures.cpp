@@ -51,6 +51,26 @@ void OpenFile(QFile& file, const std::u16string& path) {
     if (!file.open(QIODevice::ReadOnly)) throw Failure(failure::kPathFileAccess);
 }
 
+// The reader of png files prints what it thinks of one that breaks off: such a file isn't given to it.
+// Files of other kinds count as whole.
+bool IsWholeIfPng(QFile& file) {
+    constexpr qsizetype kChunkFrame = 12;  // length, name and sum
+    const QByteArray signature = QByteArrayLiteral("\x89PNG\r\n\x1A\n");
+    if (file.peek(signature.size()) != signature) return true;
+    const QByteArray bytes = file.peek(file.size());
+    qsizetype place = signature.size();
+    bool hasData = false;
+    while (bytes.size() - place >= kChunkFrame) {
+        const auto length = qFromBigEndian<quint32>(bytes.constData() + place);
+        const QByteArray name = bytes.mid(place + 4, 4);
+        if (length > bytes.size() - place - kChunkFrame) return false;
+        hasData = hasData || name == "IDAT";
+        if (name == "IEND") return hasData;
+        place += kChunkFrame + static_cast<qsizetype>(length);
+    }
+    return false;
+}
+
 Pixmap Decode(QImageReader& reader) {
     reader.setDecideFormatFromContent(true);
     const QSize size = reader.size();
@@ -155,6 +175,7 @@ Pixmap LoadQtIcon(const std::u16string& path, std::int32_t index, bool isSmall) 
     if (!entries.empty())
         return LoadIconImage(file, entries, index, isSmall ? kSmallIcon : kLargeIcon);
     if (index != 0) throw Failure(failure::kNoSuchElement);
+    if (!IsWholeIfPng(file)) FailBadPicture();
     QImageReader reader(&file);
     return Decode(reader);
 }

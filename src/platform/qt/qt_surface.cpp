@@ -1,8 +1,6 @@
 // Surfaces: their widgets, members and listeners. What the filter does is in qt_surface_events.cpp.
 #include "platform/qt/qt_surface.h"
 
-#include <QCoreApplication>
-#include <QEvent>
 #include <QHash>
 #include <algorithm>
 #include <utility>
@@ -10,6 +8,7 @@
 #include "data/failure.h"
 #include "platform/qt/qt_colors.h"
 #include "platform/qt/qt_fonts.h"
+#include "platform/qt/qt_removal.h"
 
 namespace velm {
 
@@ -29,35 +28,6 @@ QHash<const QWidget*, QtSurface*>& Surfaces() {
     return surfaces;
 }
 
-// Every event that is told has a number; 0 stands for none being told.
-std::uint64_t lastEvent = 0;
-std::uint64_t currentEvent = 0;
-
-class EventScope {
-  public:
-    EventScope() : outer_(std::exchange(currentEvent, ++lastEvent)) {}
-    ~EventScope() { currentEvent = outer_; }
-    EventScope(const EventScope&) = delete;
-    EventScope& operator=(const EventScope&) = delete;
-
-  private:
-    std::uint64_t outer_;
-};
-
-// The toolkit deletes an object later only from a level of events that is nearer to the ground than the
-// one where it was told to. This puts the telling one level up, so that the next pump deletes.
-class DeletesSoon : public QObject {
-  public:
-    explicit DeletesSoon(QObject& object) : object_(&object) {}
-    bool event(QEvent* event) override {
-        object_->deleteLater();
-        return event != nullptr;
-    }
-
-  private:
-    QObject* object_;
-};
-
 std::uint64_t NextTabOrder() {
     static std::uint64_t order = 0;
     return ++order;
@@ -75,7 +45,7 @@ QtSurface::QtSurface(QWidget* widget, ControlListener& listener, std::vector<QtM
       listener_(&listener),
       tables_(std::move(tables)),
       key_(widget),
-      birth_(currentEvent) {
+      birth_(LastToolkitScope()) {
     Surfaces().insert(key_, this);
     widget->installEventFilter(this);
     if (inner_ != widget_) inner_->installEventFilter(this);
@@ -97,7 +67,6 @@ QtSurface::~QtSurface() {
     RemoveWidget();
 }
 
-// An event that was there before the widget can't be one of its own.
 void QtSurface::RemoveWidget() {
     if (widget_ == nullptr) return;
     widget_->removeEventFilter(this);
@@ -105,14 +74,7 @@ void QtSurface::RemoveWidget() {
     ++ending_;
     widget_->hide();
     --ending_;
-    if (widget_ == nullptr) return;
-    if (currentEvent != 0 && currentEvent != birth_) {
-        widget_->deleteLater();
-        return;
-    }
-    DeletesSoon soon(*widget_);
-    QEvent event(QEvent::User);
-    QCoreApplication::sendEvent(&soon, &event);
+    if (widget_ != nullptr) RemoveWhenFree(*widget_, birth_);
 }
 
 QtSurface* QtSurface::OfWidget(const QWidget* widget) { return Surfaces().value(widget, nullptr); }
@@ -156,7 +118,7 @@ MemberValue QtSurface::Call(std::u16string_view member, const MemberArguments& a
 
 bool QtSurface::Tell(const ControlEvent& event) {
     if (listener_ == nullptr) return false;
-    const EventScope scope;
+    const ToolkitScope scope;
     return listener_->OnEvent(event);
 }
 

@@ -135,7 +135,7 @@ class QtSurface : public QObject {
     ControlListener* listener_;
     std::vector<QtMemberTable> tables_;
     const QWidget* key_;   // in the list of surfaces; the widget may be gone
-    std::uint64_t birth_;  // number of the event that it was made in
+    std::uint64_t birth_;  // see RemoveWhenFree
     QPalette::ColorRole foreground_ = QPalette::NoRole;
     QPalette::ColorRole background_ = QPalette::NoRole;
     int quiet_ = 0;

@@ -19,6 +19,7 @@
 #include "platform/qt/qt_canvas_view.h"
 #include "platform/qt/qt_menus.h"
 #include "platform/qt/qt_pictures.h"
+#include "platform/qt/qt_removal.h"
 #include "platform/qt/qt_taskbar.h"
 #include "platform/qt/qt_wait_watch.h"
 #include "platform/qt/qt_wayland.h"
@@ -333,7 +334,10 @@ void QtWindow::Show(bool isModal) {
     const QtWaitWatch watch([this, &alive] {
         if (alive != nullptr) Hide();
     });
-    if (frame_->isVisible()) loop.exec();
+    if (frame_->isVisible()) {
+        const ToolkitScope scope;
+        loop.exec();
+    }
     if (alive == nullptr) return;
     modal_ = nullptr;
     if (!frame_->isVisible()) frame_->setWindowModality(Qt::NonModal);
@@ -389,7 +393,7 @@ void QtWindow::SetMenus(const std::vector<MenuEntry>& menus) {
     if (menus.empty()) {
         if (bar_ == nullptr) return;
         bar_->hide();
-        bar_->deleteLater();
+        RemoveWhenFree(*bar_, 0);
         bar_ = nullptr;
     } else {
         if (bar_ == nullptr) bar_ = MakeMenuBar(*frame_);

@@ -1,3 +1,4 @@
+// Events: which procedures are tried and in what order, what they find set, and what they may do.
 #include "objects/events.h"
 
 #include <gtest/gtest.h>
@@ -465,6 +466,7 @@ TEST_F(EventsTest, AFailureStaysWithinTheEvent) {
 // A signal or 終了 sets the flag; a modal window can't see it.
 TEST_F(EventsTest, AStoppedRunEndsTheWaitsOfTheToolkit) {
     Run(u"ウィンドウ1を作る");
+    run.Status = RunStatus::kRunning;
     EXPECT_FALSE(IsWaitOver());
     run.StopFlag = true;
     EXPECT_TRUE(IsWaitOver());

@@ -1,3 +1,4 @@
+// Menus: paths, entries as the toolkit gets them, choices, properties, pop-ups.
 #include "objects/menus.h"
 
 #include <gtest/gtest.h>

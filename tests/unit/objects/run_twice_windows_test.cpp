@@ -19,7 +19,8 @@ struct Trace {
 };
 
 // Runs a script on a toolkit that begins counting anew.
-Trace WhatItDoes(RecordingToolkit& toolkit, RecordedDialogs& dialogs, const std::u16string& script) {
+Trace WhatItDoes(RecordingToolkit& toolkit, RecordedDialogs& dialogs,
+                 const std::u16string& script) {
     toolkit.StartNotes();
     dialogs.shown.clear();
     dialogs.reported.clear();
@@ -50,13 +51,16 @@ INSTANTIATE_TEST_SUITE_P(
     Scripts, RunTwiceWindows,
     testing::Values(
         u"ウィンドウ1を作る\r\nボタン1を作る\r\nボタン2を開始として作る\r\n"
-        u"ボタン1について\r\nこの名前は 「次」\r\n「［ボタン1の名前］［ボタン1のオブジェクト数］」を表示",
-        u"メニュー「ファイル」を作る\r\nサブメニュー「開く」を作る\r\nメニューのファイルの開くの有効は "
+        u"ボタン1について\r\nこの名前は "
+        u"「次」\r\n「［ボタン1の名前］［ボタン1のオブジェクト数］」を表示",
+        u"メニュー「ファイル」を作る\r\nサブメニュー「開く」を作る\r\nメニューのファイルの開くの有"
+        u"効は "
         u"0\r\n「［メニューのファイルの開くの有効］」を表示\r\nウィンドウ０を表示",
         u"ウィンドウ2を作る\r\nピクチャー1を作る\r\n場所は ピクチャー1\r\nボタン1を作る\r\n"
         u"拡張テキスト4を作る\r\n「［拡張テキスト4のオブジェクト数］」を表示\r\n終了",
         u"ウィンドウ2を作る\r\n1をタスクトレイに追加\r\n閉じない\r\n"
-        u"ウィンドウ2を閉じる\r\n「後」を表示\r\n手順は　ウィンドウ2を閉じる\r\n「閉」を表示\r\n終わり"));
+        u"ウィンドウ2を閉じる\r\n「後」を表示\r\n手順は　ウィンドウ2を閉じる\r\n「閉」を表示\r\n終"
+        u"わり"));
 
 }  // namespace
 }  // namespace velm
