@@ -63,6 +63,7 @@ TEST_F(Menus, EntriesLookAsTold) {
     EXPECT_TRUE(file[0]->isEnabled());
     EXPECT_FALSE(file[0]->isCheckable());
     EXPECT_TRUE(file[1]->isSeparator());
+    EXPECT_EQ(file[1]->text(), QString());  // a text would make it a heading
     EXPECT_TRUE(file[2]->isChecked());
     EXPECT_FALSE(file[3]->isEnabled());
     EXPECT_FALSE(file[4]->isVisible());

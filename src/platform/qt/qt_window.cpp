@@ -76,6 +76,16 @@ void WaitForFrame(const QPointer<QtSurface>& surface) {
     }
 }
 
+// Most windows show the same picture, and the toolkit keeps the pixels of every icon for a long time.
+QIcon IconOf(const Pixmap& picture) {
+    static auto* const last = new Pixmap;
+    static auto* const icon = new QIcon;
+    const bool isSame = picture.width == last->width && picture.pixels == last->pixels;
+    if (!isSame) *icon = QIcon(QPixmap::fromImage(ImageOfPixmap(picture)));
+    *last = picture;
+    return *icon;
+}
+
 bool IsTool(const QWidget& frame) { return frame.windowType() == Qt::Tool; }
 
 }  // namespace
@@ -282,7 +292,7 @@ void QtWindow::SetPicture(const Pixmap& picture) {
     if (picture.pixels.empty()) {
         frame_->setWindowIcon(QIcon());
     } else {
-        frame_->setWindowIcon(QIcon(QPixmap::fromImage(ImageOfPixmap(picture))));
+        frame_->setWindowIcon(IconOf(picture));
     }
 }
 
