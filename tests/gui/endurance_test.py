@@ -24,8 +24,8 @@ class Endurance(WindowCase):
         program = self.run_script(
             "ウィンドウ2を作る", f"Iに1から{ROUNDS}まで繰り返す", "ウィンドウ1を作る", "ボタン1を作る", "テキスト1を作る",
             "ピクチャー1を作る", "タイマー1を作る", "タイマー1の間隔は 5", "タイマー1の有効は 1", "メニュー「あ」を作る",
-            "サブメニュー「い」を作る", "ウィンドウ1を閉じる", f"もし I＝200 または I＝{ROUNDS} なら {NOTE_MEMORY}",
-            "繰り返し終わり")
+            "サブメニュー「い」を作る", "ウィンドウ1を閉じる", f"もし I＝200 なら {NOTE_MEMORY}",
+            f"もし I＝{ROUNDS} なら {NOTE_MEMORY}", "繰り返し終わり")
         self.assert_quiet_end(program)
         early, late = map(int, re.findall(r"\d+", (self.folder / "memory").read_text()))
         self.assertLess(late - early, MOST_GROWTH)
@@ -46,13 +46,13 @@ class Endurance(WindowCase):
         program = self.run_script(
             "ウィンドウ1を作る", "ウィンドウ1の名前は 「窓」", "テキスト1を作る", "タイマー1を作る", "タイマー1の間隔は 20",
             "タイマー1の有効は 1", "タイマー2を作る", "タイマー2の間隔は 20", "タイマー2の有効は 1", "深さ＝0",
-            "テキスト1の内容は 1",
+            "テキスト1の内容は 「あ」",
             *procedure("ウィンドウ1のテキスト1が変化", "深さ＝深さ＋1", "テキスト1の内容は 深さ"),
             *procedure("ウィンドウ1のタイマー1が時間になった", "テキスト1の内容は 「あ」"),
             *procedure("ウィンドウ1のタイマー2が時間になった", "テキスト1の内容は 「い」"))
         program.window("Velmrun")
         time.sleep(0.5)
-        self.assertEqual(sorted(filter(None, program.windows().values())), ["Velmrun", "窓"])
+        self.assertEqual(list(program.windows().values()).count("Velmrun"), 1)
         program.key("Return")
         self.assert_quiet_end(program)
 
@@ -84,9 +84,9 @@ class EndWithinEvents(WindowCase):
     """The window closes, and the run ends, in each kind of event."""
 
     CAUSES = {
-        "ボタン1をクリック": ("mousemove", "--window", "{0}", "30", "30", "click", "1"),
+        "ボタン1をクリック": ("mousemove", "--window", "{0}", "30", "25", "click", "1"),
         "でキーボードを押す": ("key", "F5"),
-        "ボタン1でマウスのボタンを下げる": ("mousemove", "--window", "{0}", "30", "30", "click", "1"),
+        "ボタン1でマウスのボタンを下げる": ("mousemove", "--window", "{0}", "30", "25", "click", "1"),
         "でマウスが動く": ("mousemove", "--window", "{0}", "150", "90", "mousemove", "--window", "{0}", "160", "95"),
         "の大きさが変わる": ("windowsize", "{0}", "222", "111"),
         "のファイルの開くをクリック": ("key", "alt+f", "sleep", "0.3", "key", "Down", "Return"),
@@ -98,10 +98,12 @@ class EndWithinEvents(WindowCase):
         for suffix, cause in self.CAUSES.items():
             name = "ウィンドウ1" + ("の" if suffix[0] in "ボタ" else "") + suffix
             with self.subTest(name=name):
+                # A menu bar that comes changes the size as well.
+                menu = ("メニュー「ファイル(&F)」を作る", "サブメニュー「開く」を作る") if "開く" in suffix else ()
                 timer = ("タイマー1の有効は 1",) if "タイマー" in suffix else ()
                 program = self.run_script(
                     "ウィンドウ1を作る", "ウィンドウ1の名前は 「窓」", "ボタン1を作る", "ボタン1の位置と大きさは 10,10,60,25",
-                    "メニュー「ファイル(&F)」を作る", "サブメニュー「開く」を作る", "タイマー1を作る", "タイマー1の間隔は 500",
+                    *menu, "タイマー1を作る", "タイマー1の間隔は 500",
                     *timer, "待機", *procedure(name.replace("のファイルの", "のファイル(&F)の"), *what))
                 window = program.window("窓")
                 wait_for(lambda: self.acts(program, window, cause), f"the end in {name}")
