@@ -53,6 +53,7 @@ class Program:
         for name in DICTIONARIES:
             for key in KEYS[:3]:
                 self.put(f"{name}（「{key}」）＝{self.pick(NUMBERS)}")
+        self.put("鍵＝「k1」")
 
     def quoted(self):
         word = self.pick(WORDS)
@@ -70,6 +71,8 @@ class Program:
     def key(self):
         if self.counters and self.random.random() < 0.4:
             return f"「k」＆{self.pick(self.counters)}"
+        if self.random.random() < 0.3:
+            return "鍵"  # never empty
         # The empty key doubles its text each time: not in a loop.
         return f"「{self.pick(KEYS[:-1] if self.depth else KEYS)}」"
 
@@ -99,11 +102,22 @@ class Program:
 
     def number_function(self):
         text = self.value(2)
+        if self.calls and self.random.random() < 0.3:
+            return self.procedure_word()
         return self.pick((
             f"文字数（{text}）", f"行数（{text}）", f"配列数（{self.name()}）",
             f"いくつ（{text}、{self.quoted()}）", f"探せ（1、{text}、{self.quoted()}）",
             f"合計（{self.pick(TABLES)}）", f"絶対値（{self.number(2)}）",
             f"四捨五入（{self.number(2)}）", f"小数切り捨て（{self.number(2)}）",
+        ))
+
+    def procedure_word(self):
+        """A call in a word; the first argument bounds how deep it goes."""
+        words = self.pick((self.number, self.value, lambda depth: self.pick(SCALARS)))(2)
+        return self.pick((
+            f"下る（{self.random.randint(0, 4)}、{words}）", f"隠す（{words}、{self.number(2)}）",
+            f"写す（{self.pick(SCALARS)}、{words}）", f"隠す（{words}）",
+            f"下る（{self.random.randint(0, 4)}、{words}）＋足し算（{words}、1）",
         ))
 
     def text_function(self):
@@ -152,7 +166,7 @@ class Program:
         return one
 
     def statement(self):
-        makers = [(self.assign, 8), (self.store, 12), (self.show, 4), (self.fill, 4), (self.copy, 3),
+        makers = [(self.new_key, 2), (self.assign, 8), (self.store, 12), (self.show, 4), (self.fill, 4), (self.copy, 3),
                   (self.append, 3), (self.if_line, 3), (self.nested, 1), (self.sort, 1)]
         if self.depth < 2:
             makers += [(self.if_block, 2), (self.loop, 4)]
@@ -171,6 +185,9 @@ class Program:
             self.put(f"{name}＝{name}＋{self.number(1)}")
         else:
             self.put(f"{name}＝{self.pick((self.number, self.value))()}")
+
+    def new_key(self):
+        self.put(f"鍵＝「k」＆{self.number(1)}")
 
     def store(self):
         self.put(f"{self.cell()}＝{self.pick((self.number, self.value))()}")
@@ -239,7 +256,9 @@ class Program:
 
     def call(self):
         self.put(self.pick((f"{self.index()}を{self.value(1)}に入れる", f"{self.number(1)}を数え足す",
-                            f"{self.value(1)}を控える")))
+                            f"{self.value(1)}を控える", f"{self.random.randint(0, 4)}を巡る",
+                            f"{self.pick(SCALARS)}へ{self.value(1)}を移す",
+                            f"{self.name()}を隠す")))
 
     def show_all(self):
         for name in SCALARS + TABLES + DICTIONARIES:
@@ -253,6 +272,30 @@ class Program:
         self.put("終わり")
         self.put("手順は　印（甲）")
         self.put("「<」＆甲＆「>」で抜ける")
+        self.put("終わり")
+        # Recursion with a bound, parameters that hide variables, and those that are written back.
+        self.put("手順は　下る（段、値）")
+        self.put("もし 段＜1 なら 値で抜ける")
+        self.put(self.pick(("和＝和＋段", "値＝値＆段", "表（段）＝値")))
+        self.put(self.pick(("下る（段－1、値）＋下る（段－1、段）＋1で抜ける", "下る（段－1、値）で抜ける",
+                            "「<」＆下る（段－1、値＋1）＆「>」で抜ける")))
+        self.put("終わり")
+        self.put("手順は　巡る（［段］を）")
+        self.put(self.pick(("和＝和＋段", "数＝数＋1", "文＝文＆段")))
+        self.put("もし 段＜＝0 なら 抜ける")
+        self.put("段－1を巡る")
+        self.put("段－1を巡る")
+        self.put("終わり")
+        self.put("手順は　隠す（数、表）")
+        self.block(1, 2)
+        self.put("数＆表で抜ける")
+        self.put("終わり")
+        self.put("手順は　!写す（甲、乙）")
+        self.put("甲＝乙")
+        self.put("甲＆乙で抜ける")
+        self.put("終わり")
+        self.put("手順は　!移す（［甲］へ、［乙］を）")
+        self.put(self.pick(("甲＝乙", "甲＝甲＆乙", "乙＝甲")))
         self.put("終わり")
         for head in ("手順は　入れる（［番号］を、［中身］に）", "手順は　数え足す（［量］を）",
                      "手順は　控える（［中身］を）"):

@@ -174,29 +174,54 @@ bool HasKind(const Comparison& plan, const Value& left) {
     }
 }
 
+// AreEqual; false, with nothing done, when it fails.
+[[gnu::noinline]] bool TryAreEqual(const Value& left, const Value& right, bool& equal) {
+    const bool done = Attempt([&] { equal = AreEqual(left, right); });
+    if (!done) pendingFailure.Clear();
+    return done;
+}
+
+inline bool TryValues(const Value& left, const Value& right, bool& equal) {
+    if (left.IsKnownWord()) {
+        equal = left.SameWord(right);
+    } else if (right.IsKnownWord()) {
+        equal = right.SameWord(left);
+    } else {
+        return TryAreEqual(left, right, equal);
+    }
+    return true;
+}
+
+// The number of a side: a constant's or a variable's, or what is computed.
+inline bool TrySide(const Value* value, const WordPlan& plan, double& number) {
+    if (value != nullptr) return value->IsPlainNumber(number);
+    double computed = 0;
+    if (!TryComputed(plan, computed)) return false;
+    number = computed;
+    return true;
+}
+
 // The short road of Compare. false: nothing was done.
-bool TryCompare(const Comparison& plan, bool& result) {
-    if (!plan.valid || plan.code > comparison::kLessOrEqual || !plan.inner.empty()) return false;
+inline bool TryCompare(const Comparison& plan, bool& result) {
+    if (!kShortRoads || !plan.valid || plan.code > comparison::kLessOrEqual) return false;
+    if (plan.left.IsEmpty() || plan.right.IsEmpty()) return false;
+    const WordPlan& leftPlan = plan.left.Plan();
+    const WordPlan& rightPlan = plan.right.Plan();
+    const Value* left = TryValue(leftPlan);
+    const Value* right = TryValue(rightPlan);
     const bool forEquality = plan.code <= comparison::kNotEqual;
     double a = 0;
     double b = 0;
-    if (TryNumber(plan.left, a) && TryNumber(plan.right, b)) {
+    if (TrySide(left, leftPlan, a) && TrySide(right, rightPlan, b)) {
         result = forEquality ? (a == b) == (plan.code == comparison::kEqual)
                              : CompareNumbers(plan.code, a, b);
         return true;
     }
-    if (!forEquality) return false;
-    const Value* left = TryValue(plan.left);
-    const Value* right = left == nullptr ? nullptr : TryValue(plan.right);
-    if (right == nullptr) return false;
-    if (left->AreKnownTexts(*right)) {
-        result = left->SameText(*right) == (plan.code == comparison::kEqual);
-        return true;
-    }
-    const bool done =
-        Attempt([&] { result = AreEqual(*left, *right) == (plan.code == comparison::kEqual); });
-    if (!done) pendingFailure.Clear();
-    return done;
+    bool equal = false;
+    if (!forEquality || left == nullptr || right == nullptr) return false;
+    if (!TryValues(*left, *right, equal)) return false;
+    result = equal == (plan.code == comparison::kEqual);
+    return true;
 }
 
 bool Compare(const Comparison& plan) {

@@ -196,6 +196,8 @@ inline bool TakesShortRoad(Statement& statement) {
     if (statement.Kind == StatementKind::kAssignment) {
         return IsRoadFree() && TryAssignment(statement);
     }
+    if (statement.Kind == StatementKind::kCallByVerb)
+        return IsRoadFree() && TryProcedure(statement);
     return statement.Kind == StatementKind::kCommand && IsRoadFree() && TryLeaveSentence(statement);
 }
 

@@ -8,6 +8,8 @@
 #include <utility>
 
 #include "core/eval.h"
+#include "core/procedures.h"
+#include "core/run_state.h"
 #include "core/short_roads.h"
 #include "core/variables.h"
 #include "core/word_plan.h"
@@ -190,6 +192,8 @@ inline double NumberOfStep(const ExpressionStep& step) {
     if (step.kind == ExpressionStep::Kind::kNumber) return step.number;
     if (step.kind == ExpressionStep::Kind::kVariable) {
         if (const Value* variable = FindVariable(step.symbol)) return variable->NumberOrZero();
+    } else if (TryProcedure(step.word.Plan())) {
+        return run.Response.NumberOrZero();
     }
     return EvalWord(step.word).NumberOrZero();
 }

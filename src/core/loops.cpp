@@ -226,14 +226,18 @@ class Loop {
     // ends a loop.
     void RunPass(const Program& program, std::int32_t first) {
         line_ = first;
-        while (InProgram(program, line_)) {
-            run.CurLine = line_;
-            Statement& statement = LineOf(program, line_);
-            if (statement.VerbMark() == LoopMark::kLoopEnd) return;
-            if (!run.ReturnFlag && !run.LoopBreakFlag) RunLine(statement, line_);
-            ++line_;
-            if (run.StopFlag || IsProcedureEnd(program, line_)) return;
-        }
+        if (!InProgram(program, first)) return;
+        std::int32_t line = first;
+        Statement* statement = &LineOf(program, first);
+        do {
+            run.CurLine = line;
+            if (statement->VerbMark() == LoopMark::kLoopEnd) break;
+            if (!run.ReturnFlag && !run.LoopBreakFlag) RunLine(*statement, line);
+            ++line;
+            if (run.StopFlag || !InProgram(program, line)) break;
+            statement = &LineOf(program, line);
+        } while (statement->Kind != StatementKind::kProcedureEnd);
+        line_ = line;
     }
 
     // Where the body of a loop that makes no pass ends.

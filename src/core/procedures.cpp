@@ -57,6 +57,7 @@ void ReadParameter(std::u16string_view item, ParameterSpec& spec) {
 
 std::shared_ptr<const ParameterSpec> ReadSpec(const xxCmdData& entry) {
     auto spec = std::make_shared<ParameterSpec>();
+    spec->copiesOut = entry.Name.starts_with(u'!');
     for (const std::u16string_view item : Split(entry.Value.Text(), u",")) {
         ReadParameter(item, *spec);
     }
@@ -139,14 +140,13 @@ void RunBody(const xxCmdData& entry, ScopePtr locals) {
 
 void CallWithWords(xxCmdData& entry, CallWords words) {
     const ParameterSpec& spec = *entry.Parameters;
-    const bool copiesOut = entry.Name.starts_with(u'!');
-    PassedVariables passed(copiesOut ? words.size() : 0);
+    PassedVariables passed(spec.copiesOut ? words.size() : 0);
     ScopePtr locals = MakeScope();
     ScopePtr saved = Locals;
     BindParameters(spec, words, *locals, passed);
     RunBody(entry, std::move(locals));
     std::swap(Locals, saved);
-    if (copiesOut && saved) CopyOut(spec, *saved, passed);
+    if (spec.copiesOut && saved) CopyOut(spec, *saved, passed);
 }
 
 void CallWithWordsOf(xxCmdData& entry, Statement& statement) {
@@ -236,6 +236,72 @@ bool CallProcedureAsWord(Symbol* name, const Word& arguments) {
         CallWithWords(*entry, SortedArguments(*entry->Parameters, arguments));
     }
     return true;
+}
+
+namespace {
+
+// BindWord for a word that runs nothing.
+inline bool TryBindWord(const Word& word, const Word& name, Scope& locals) {
+    const Value* known = word.IsEmpty() ? nullptr : FindVariable(word.AsName());
+    if (known == nullptr) known = TryValue(word);
+    double number = 0;
+    if (known != nullptr) {
+        locals.Add(name, Value(*known));
+    } else if (word.IsEmpty()) {
+        locals.Add(name, Value());
+    } else if (TryComputed(word.Plan(), number)) {
+        Value value;
+        value.SetHeldNumber(number);
+        locals.Add(name, std::move(value));
+    } else {
+        return false;
+    }
+    return true;
+}
+
+// CallWithWords for words that run nothing, and a procedure that doesn't copy out.
+bool TryCallWithWords(const xxCmdData& entry, CallWords words, std::size_t units) {
+    const ParameterSpec& spec = *entry.Parameters;
+    const std::size_t count = std::min(words.size(), spec.names.size());
+    ScopePtr locals = MakeScope();
+    for (std::size_t i = 0; i < count; ++i) {
+        if (!TryBindWord(words[i], spec.names[i], *locals)) return false;
+    }
+    const NestingGuard guard(units);
+    if (guard.Exhausted()) return true;
+    std::swap(Locals, locals);
+    run.Response = Value();
+    RunEventBody(entry);
+    std::swap(Locals, locals);
+    pendingFailure.Clear();
+    return true;
+}
+
+inline const xxCmdData* FindPlainProcedure(const Symbol* name) {
+    const xxCmdData* entry = Procedures.Find(name);
+    if (entry == nullptr || !entry->Parameters) return nullptr;
+    const ParameterSpec& spec = *entry->Parameters;
+    return spec.refused || spec.copiesOut ? nullptr : entry;
+}
+
+}  // namespace
+
+bool TryProcedure(const WordPlan& plan) {
+    if (!kShortRoads || plan.kind != PlanKind::kCall || !plan.IsLeftToProcedures()) return false;
+    const xxCmdData* entry = FindPlainProcedure(plan.symbol);
+    if (entry == nullptr || !entry->Parameters->positional) return false;
+    if (FindVariable(plan.symbol) != nullptr) return false;
+    return TryCallWithWords(*entry, plan.arguments.Pieces(), plan.whole.Text().size());
+}
+
+bool TryProcedure(const Statement& statement) {
+    const xxCmdData* entry = FindPlainProcedure(statement.Verb.AsName());
+    if (entry == nullptr) return false;
+    const ParameterSpec& spec = *entry->Parameters;
+    const std::size_t units = statement.Source.size();
+    if (spec.positional) return TryCallWithWords(*entry, statement.WoArg.Pieces(), units);
+    const std::vector<Word>* words = TrySplit(statement, spec.particleViews);
+    return words != nullptr && TryCallWithWords(*entry, *words, units);
 }
 
 bool CallProcedureByName(std::u16string_view name) {

@@ -16,6 +16,7 @@ namespace velm {
 struct ParameterSpec {
     bool positional = false;
     bool refused = false;                   // two bracketed parameters without a particle
+    bool copiesOut = false;                 // what the parameters hold at the end is written back
     std::vector<std::u16string> particles;  // one a parameter; unless positional
     std::vector<std::u16string_view> particleViews;
     std::vector<Word> names;
@@ -30,6 +31,11 @@ void RegisterProcedures(const Program& program, std::int32_t index);
 bool CallProcedureAsCommand(Symbol* name, bool withSource, Statement& statement);
 // Calls it from a word; its value is then in run.Response.
 bool CallProcedureAsWord(Symbol* name, const Word& arguments);
+// The short roads (core/short_roads.h) of a word that only a procedure knows, with constants, variables
+// and arithmetic for its parameters, and of a sentence that called a procedure with such words before.
+// false: nothing was done.
+bool TryProcedure(const WordPlan& plan);
+bool TryProcedure(const Statement& statement);
 // Runs a procedure's body with no argument binding, for events. False when there is no such procedure.
 bool CallEventProcedure(std::u16string_view name);
 // Calls the procedure of a name without words, as a sentence would.

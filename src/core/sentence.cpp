@@ -268,6 +268,16 @@ std::size_t SplitByParticles(Statement& statement, std::span<const std::u16strin
     return split.parts;
 }
 
+const std::vector<Word>* TrySplit(const Statement& statement,
+                                  std::span<const std::u16string_view> particles) {
+    const SplitCache* split = FindSplit(statement, particles);
+    if (split == nullptr || split->after != split->before) return nullptr;
+    if (split->takesWo && !statement.WoArg.IsSame(split->wo)) return nullptr;
+    if (split->takesHe && !statement.HeArg.IsSame(split->he)) return nullptr;
+    if (split->parts > 1 && !statement.Verb.IsSame(split->verb)) return nullptr;
+    return &split->found;
+}
+
 const std::vector<Word>& SplitArgs(Statement& statement, const JoshiList& particles) {
     const std::vector<std::u16string_view> list(particles.begin(), particles.end());
     std::vector<Word> found(list.size());

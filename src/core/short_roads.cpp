@@ -14,9 +14,9 @@ namespace {
 inline bool TryFlatNumber(const Word& word, double& number) {
     if (word.IsEmpty()) return false;
     const WordPlan& plan = word.Plan();
-    const bool flat = plan.kind == PlanKind::kNumber || plan.kind == PlanKind::kName ||
-                      (plan.kind == PlanKind::kArithmetic && plan.expression->flat);
-    return flat && TryNumber(word, number);
+    if (const Value* value = TryValue(plan)) return value->IsPlainNumber(number);
+    return plan.kind == PlanKind::kArithmetic && plan.expression->flat &&
+           TryEvaluate(*plan.expression, number);
 }
 
 // Where an index points to, from 0. Kept to the told rule: 0 and all that is no whole number from 1 on.
@@ -29,10 +29,18 @@ inline bool TryPosition(const Word& word, std::size_t& position) {
     return whole == number;
 }
 
+// A word as a key of a dictionary; whether it is no number is for the table to ask.
+inline const Value* TryKey(const std::vector<Word>& subscript) {
+    return subscript.empty() ? nullptr : TryValue(subscript[0]);
+}
+
 inline bool ReadCell(const Value& table, const std::vector<Word>& subscript, double& number) {
     std::size_t first = 0;
     std::size_t second = 0;
-    if (subscript.empty() || !TryPosition(subscript[0], first)) return false;
+    if (subscript.empty() || !TryPosition(subscript[0], first)) {
+        const Value* key = TryKey(subscript);
+        return key != nullptr && table.TryEntryNumber(*key, number);
+    }
     if (subscript.size() == 1) return table.TryCellNumber(first, number);
     return TryPosition(subscript[1], second) && table.TryRowCellNumber(first, second, number);
 }
@@ -40,7 +48,10 @@ inline bool ReadCell(const Value& table, const std::vector<Word>& subscript, dou
 [[gnu::noinline]] bool StoreCell(Value& table, const std::vector<Word>& subscript, double number) {
     std::size_t first = 0;
     std::size_t second = 0;
-    if (subscript.empty() || !TryPosition(subscript[0], first)) return false;
+    if (subscript.empty() || !TryPosition(subscript[0], first)) {
+        const Value* key = TryKey(subscript);
+        return key != nullptr && table.TrySetEntryNumber(*key, number);
+    }
     if (subscript.size() == 1) return table.TrySetCellNumber(first, number);
     return TryPosition(subscript[1], second) && table.TrySetRowCellNumber(first, second, number);
 }
@@ -58,6 +69,25 @@ inline bool ReadCell(const Value& table, const std::vector<Word>& subscript, dou
     return place.TryAppend({tails, count});
 }
 
+// X＝A＆B…: the parts are constants, variables, and what is computed.
+[[gnu::noinline]] bool JoinParts(Value& place, const WordPlan& plan) {
+    constexpr std::size_t kMostParts = 4;
+    const std::size_t count = plan.parts.size();
+    if (count > kMostParts) return false;
+    const Value* parts[kMostParts];
+    Value numbers[kMostParts];
+    for (std::size_t i = 0; i < count; ++i) {
+        double number = 0;
+        parts[i] = TryValue(plan.parts[i]);
+        if (parts[i] == &place) return false;
+        if (parts[i] != nullptr) continue;
+        if (!TryNumber(plan.parts[i], number)) return false;
+        numbers[i].SetHeldNumber(number);
+        parts[i] = &numbers[i];
+    }
+    return place.TryJoin({parts, count});
+}
+
 inline bool AssignNumber(Value& place, double number) {
     place.SetHeldNumber(number);
     return true;
@@ -69,7 +99,7 @@ bool AssignToVariable(Value& place, const WordPlan& plan) {
         case PlanKind::kArithmetic:
             return TryEvaluate(*plan.expression, number) && AssignNumber(place, number);
         case PlanKind::kCall: return TryCell(plan, number) && AssignNumber(place, number);
-        case PlanKind::kJoin: return GrowVariable(place, plan);
+        case PlanKind::kJoin: return GrowVariable(place, plan) || JoinParts(place, plan);
         case PlanKind::kNumber:
         case PlanKind::kText: place = plan.constant; return true;
         case PlanKind::kName:

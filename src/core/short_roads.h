@@ -21,15 +21,14 @@ inline constexpr bool kShortRoads = true;
 #endif
 
 // EvalWord of a constant or a variable: the value, which holds until the next store, or nullptr.
+inline const Value* TryValue(const WordPlan& plan) {
+    if (!kShortRoads) return nullptr;
+    if (plan.kind == PlanKind::kName) return FindVariable(plan.symbol);
+    const bool constant = plan.kind == PlanKind::kNumber || plan.kind == PlanKind::kText;
+    return constant ? &plan.constant : nullptr;
+}
 inline const Value* TryValue(const Word& word) {
-    if (!kShortRoads || word.IsEmpty()) return nullptr;
-    const WordPlan& plan = word.Plan();
-    switch (plan.kind) {
-        case PlanKind::kNumber:
-        case PlanKind::kText: return &plan.constant;
-        case PlanKind::kName: return FindVariable(plan.symbol);
-        default: return nullptr;
-    }
+    return word.IsEmpty() ? nullptr : TryValue(word.Plan());
 }
 
 // EvalWord of a name with an index that reaches a number in a table whose cells are at hand.

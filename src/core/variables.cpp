@@ -19,9 +19,10 @@
 namespace velm {
 
 namespace {
-// Scopes to be used again. Stands before Locals, so that it outlives it.
+// Scopes to be used again.
 constexpr std::size_t kMostSpareScopes = 256;
-std::vector<std::unique_ptr<Scope>> spareScopes;
+Scope* firstSpare = nullptr;
+std::size_t spareScopes = 0;
 }  // namespace
 
 ScopePtr Locals;
@@ -142,26 +143,19 @@ void StoreIndexed(const AssignmentTarget& target, Value value) {
 }  // namespace
 
 void Destroy(Scope* scope) noexcept {
-    std::unique_ptr<Scope> owned(scope);
-    if (!kShortRoads || spareScopes.size() >= kMostSpareScopes) return;
+    if (!kShortRoads || spareScopes >= kMostSpareScopes) {
+        delete scope;
+        return;
+    }
     scope->Clear();
-    if (spareScopes.capacity() == 0) spareScopes.reserve(kMostSpareScopes);
-    spareScopes.push_back(std::move(owned));
+    scope->nextSpare = std::exchange(firstSpare, scope);
+    ++spareScopes;
 }
 
 ScopePtr MakeScope() {
-    if (spareScopes.empty()) return ScopePtr(new Scope);
-    ScopePtr scope(spareScopes.back().release());
-    spareScopes.pop_back();
-    return scope;
-}
-
-bool Scope::Add(const Word& name, Value value) {
-    if (name.IsEmpty()) return false;
-    Symbol* symbol = name.AsName();
-    if (Find(symbol) != nullptr) return false;
-    locals_.push_back({symbol, name, std::move(value)});
-    return true;
+    if (firstSpare == nullptr) return ScopePtr(new Scope);
+    --spareScopes;
+    return ScopePtr(std::exchange(firstSpare, firstSpare->nextSpare));
 }
 
 Scope& LocalsForChange() {

@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "core/counted.h"
@@ -20,6 +21,8 @@ namespace velm {
 class Scope {
   public:
     struct Local {
+        Local(Symbol* theSymbol, const Word& theName, Value&& theValue) noexcept
+            : symbol(theSymbol), name(theName), value(std::move(theValue)) {}
         Symbol* symbol;
         Word name;
         Value value;
@@ -32,11 +35,18 @@ class Scope {
         return nullptr;
     }
     // Adds a variable; one of that name that is there already stays as it is, and false is returned.
-    bool Add(const Word& name, Value value);
+    bool Add(const Word& name, Value&& value) {
+        if (name.IsEmpty()) return false;
+        Symbol* symbol = name.AsName();
+        if (Find(symbol) != nullptr) return false;
+        locals_.emplace_back(symbol, name, std::move(value));
+        return true;
+    }
     const std::vector<Local>& InOrder() const { return locals_; }
     void Clear() { locals_.clear(); }
 
     std::uint32_t owners = 0;
+    Scope* nextSpare = nullptr;  // of a scope that waits to be used again
 
   private:
     std::vector<Local> locals_;

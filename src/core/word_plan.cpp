@@ -200,7 +200,11 @@ void WordPlan::Bind() const {
         answerWord_ = Value(answer);
         return;
     }
-    if (arguments.IsEmpty()) function_ = BindBySuffix(name);
+    if (arguments.IsEmpty()) {
+        function_ = BindBySuffix(name);
+    } else {
+        leftToProcedures_ = !Contains(name, u"の");
+    }
 }
 
 }  // namespace velm

@@ -69,8 +69,16 @@ class WordPlan {
         return isAnswerWord_ ? &answerWord_ : nullptr;
     }
 
+    // Whether nothing but a variable or a procedure can know a name with arguments: it is no function
+    // and no answer word, and without の no property.
+    bool IsLeftToProcedures() const {
+        if (!bound_) Bind();
+        return leftToProcedures_;
+    }
+
   private:
     mutable bool bound_ = false;
+    mutable bool leftToProcedures_ = false;
     mutable FunctionBinding function_;
     mutable bool isAnswerWord_ = false;
     mutable Value answerWord_;

@@ -117,21 +117,31 @@ Value EntriesForm::At(std::u16string_view key) const {
     return Value(UnescapeLineBreaks(value.Text()));
 }
 
+bool EntriesForm::TryNumber(std::u16string_view key, double& number) const {
+    if (index_.empty()) return false;
+    const std::uint32_t line = index_[PlaceOf(key, HashOf(key))];
+    return line != kFree && lines_[line].value.IsPlainNumber(number);
+}
+
 void EntriesForm::Store(std::u16string_view key, const Value& value) {
     if (index_.empty()) BuildIndex(kLeastPlaces);
-    Line stored = {std::u16string(key), WithLineBreaksEscaped(value), HashOf(key), true, false};
-    std::uint32_t& at = index_[PlaceOf(key, stored.hash)];
+    const std::uint32_t hash = HashOf(key);
+    std::uint32_t& at = index_[PlaceOf(key, hash)];
     const bool known = at != kFree;
+    Line stored;
     if (known) {
         Line& line = lines_[at];
         // With one other line it may be that nothing is left before this one.
         if (LinesLeft() != 2 && at + 1 == lines_.size()) {
-            line.value = std::move(stored.value);
+            line.value = WithLineBreaksEscaped(value);
             return;
         }
-        line = {{}, Value(), 0, true, true};
+        stored = std::exchange(line, Line{{}, Value(), 0, true, true});
         ++goneCount_;
+    } else {
+        stored = {std::u16string(key), Value(), hash, true, false};
     }
+    stored.value = WithLineBreaksEscaped(value);
     if (JoinsToNothing()) {
         Clear();
         AddEntry(std::move(stored));

@@ -25,6 +25,8 @@ class EntriesForm {
 
     // The value of a plain key, empty if absent, and storing one.
     Value At(std::u16string_view key) const;
+    // At for a value that is held as a number: false when there is no such one.
+    bool TryNumber(std::u16string_view key, double& number) const;
     void Store(std::u16string_view key, const Value& value);
 
     void Join(std::u16string& text) const;

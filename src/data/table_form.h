@@ -69,17 +69,22 @@ class TableForm {
     // The short roads to a number that is there, in a row that was cut: false when it isn't.
     bool TryNumber(const std::u16string& text, std::size_t row, std::size_t column,
                    double& number) {
-        if (row >= rows_.size() || column >= rows_[row].cells.size()) return false;
-        CellSlot& slot = rows_[row].cells[column];
+        if (row >= rows_.size()) return false;
+        std::vector<CellSlot>& cells = rows_[row].cells;
+        if (column >= cells.size()) return false;
+        CellSlot& slot = cells[column];
         if (slot.IsPlace()) TakeNumber(text, slot);
         number = slot.Number();
         return slot.IsNumber();
     }
     bool TrySetNumber(std::size_t row, std::size_t column, double number) {
-        if (row >= rows_.size() || column >= rows_[row].cells.size()) return false;
-        Release(rows_[row].cells[column]);
-        rows_[row].cells[column] = CellSlot::OfNumber(number);
-        rows_[row].changed = true;
+        if (row >= rows_.size()) return false;
+        RowSlots& slots = rows_[row];
+        if (column >= slots.cells.size()) return false;
+        CellSlot& slot = slots.cells[column];
+        Release(slot);
+        slot = CellSlot::OfNumber(number);
+        slots.changed = true;
         return true;
     }
 

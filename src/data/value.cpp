@@ -12,6 +12,12 @@
 
 namespace velm {
 
+#ifdef VELM_NO_CACHES
+const bool Value::kCaches = false;
+#else
+const bool Value::kCaches = true;
+#endif
+
 namespace {
 
 const std::u16string kEmptyText;
@@ -90,7 +96,7 @@ bool Value::SameText(const Value& other) const {
     if (IsNumberOnly() && other.IsNumberOnly()) {
         return number_ == other.number_;
     }
-    return Text() == other.Text();
+    return EqualTexts(Text(), other.Text());
 }
 
 void Value::AppendTo(std::u16string& out) const {
@@ -160,6 +166,33 @@ bool Value::TryAppend(std::span<const Value* const> tails) {
         return false;
     }
     Changed(TruthForm::kText);
+    return true;
+}
+
+bool Value::TryJoin(std::span<const Value* const> parts) {
+    constexpr std::size_t kLongestPart = 4096;
+    constexpr std::size_t kLongestNumber = 32;
+    std::size_t size = 0;
+    for (const Value* part : parts) {
+        if (part->IsNumberOnly()) size += kLongestNumber;
+        if (!part->HasRecord()) continue;
+        if (!part->record_->textValid || part->record_->text.size() > kLongestPart) return false;
+        size += part->record_->text.size();
+    }
+    const bool inPlace = HasRecord() && record_->owners == 1 && !record_->forms;
+    Value joined;
+    const bool done = Attempt([&] {
+        ValueRecord& record = inPlace ? *record_ : joined.Record();
+        if (record.text.capacity() < size) record.text.reserve(size);
+    });
+    if (!done) {
+        pendingFailure.Clear();
+        return false;
+    }
+    if (!inPlace) Swap(joined);
+    record_->text.clear();
+    for (const Value* part : parts) part->AppendTo(record_->text);
+    record_->numberState = NumberState::kUnknown;
     return true;
 }
 
@@ -332,6 +365,28 @@ void Value::SetEntry(std::u16string_view key, const Value& value) {
         }
     }
     *this = Value(SetKey(Text(), key, value.Text()));
+}
+
+// Whether the entries are at hand for a key that is a key: no number, and to be found by their index.
+bool Value::HasEntriesFor(const Value& key) const {
+    if (!HasRecord() || !record_->forms || !record_->forms->entries) return false;
+    if (!key.HasRecord() || !key.record_->textValid || key.record_->text.empty()) return false;
+    return record_->forms->entries->IsUsable() && !key.IsNumeric() &&
+           EntriesForm::IsPlainKey(key.record_->text);
+}
+
+bool Value::TryEntryNumber(const Value& key, double& number) const {
+    return HasEntriesFor(key) && record_->forms->entries->TryNumber(key.record_->text, number);
+}
+
+bool Value::TrySetEntryNumber(const Value& key, double number) {
+    if (!IsSoleTruth(TruthForm::kEntries) || !HasEntriesFor(key)) return false;
+    Value value;
+    value.SetHeldNumber(number);
+    const bool done = Attempt([&] { record_->forms->entries->Store(key.record_->text, value); });
+    if (!done) pendingFailure.Clear();
+    record_->numberState = NumberState::kUnknown;
+    return done;
 }
 
 }  // namespace velm

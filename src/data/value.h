@@ -18,6 +18,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <optional>
 #include <span>
 #include <string>
@@ -107,8 +108,17 @@ class Value {
         number_ = number;
     }
     bool SameText(const Value& other) const;
-    // Whether both are known to be no numbers, so that comparing them is comparing texts.
-    bool AreKnownTexts(const Value& other) const { return IsKnownText() && other.IsKnownText(); }
+    // Whether this is known to be a text with something in it that is no number, so that comparing it
+    // with anything is comparing texts.
+    bool IsKnownWord() const {
+        return HasRecord() && record_->numberState == NumberState::kNone && record_->textValid &&
+               !record_->text.empty();
+    }
+    // SameText for a value that IsKnownWord: a number that is held without a text is never the same.
+    bool SameWord(const Value& other) const {
+        if (!other.HasRecord()) return false;
+        return record_ == other.record_ || EqualTexts(record_->text, other.Text());
+    }
     // Adds the text to out, without keeping a text for a number that has none yet.
     void AppendTo(std::u16string& out) const;
 
@@ -117,6 +127,10 @@ class Value {
     // The short road of Append for several tails: false, with nothing changed, unless this is a text with
     // no other owner, and neither it nor a tail is very long. No tail may be this value itself.
     bool TryAppend(std::span<const Value* const> tails);
+    // The short road to the join of several values, in place of what this value holds and in its memory
+    // where that can be: false, with nothing changed, when one of them is very long. No part may be this
+    // value itself.
+    bool TryJoin(std::span<const Value* const> parts);
     // Whether both are the same record, so that giving up the one makes the other sole owner.
     bool SharesRecordWith(const Value& other) const {
         return HasRecord() && record_ == other.record_;
@@ -153,22 +167,24 @@ class Value {
     // of data/lists.h do it.
     Value Entry(std::u16string_view key) const;
     void SetEntry(std::u16string_view key, const Value& value);
+    // The short roads of Entry and SetEntry for a key that is no number and a value that is held as one:
+    // false, with nothing changed, unless the entries are at hand, and for storing the only truth.
+    bool TryEntryNumber(const Value& key, double& number) const;
+    bool TrySetEntryNumber(const Value& key, double number);
 
   private:
-#ifdef VELM_NO_CACHES
-    static constexpr bool kCaches = false;
-#else
-    static constexpr bool kCaches = true;
-#endif
+    // False with VELM_NO_CACHES, which only value.cpp asks for: so all else needs to be compiled only once.
+    static const bool kCaches;
 
+    static bool EqualTexts(const std::u16string& a, const std::u16string& b) {
+        return a.size() == b.size() &&
+               std::memcmp(a.data(), b.data(), a.size() * sizeof(char16_t)) == 0;
+    }
     // In place of a record: a number whose text nobody asked for. Nothing lies there.
     static ValueRecord* NumberMark() { return reinterpret_cast<ValueRecord*>(1); }
     bool IsNumberOnly() const { return record_ == NumberMark(); }
     bool HasRecord() const { return reinterpret_cast<std::uintptr_t>(record_) > 1; }
     static Value OfNumberWithText(double number);
-    bool IsKnownText() const {
-        return HasRecord() && record_->textValid && record_->numberState == NumberState::kNone;
-    }
 
     void Retain() const noexcept {
         if (HasRecord()) ++record_->owners;
@@ -183,6 +199,7 @@ class Value {
     ValueRecord& Record() const;
     ValueRecord& OwnRecord();
     bool IsSoleTruth(TruthForm truth) const;
+    bool HasEntriesFor(const Value& key) const;
     TableForm& Cells() const;
     TableForm& Rows() const;
     EntriesForm& Entries() const;

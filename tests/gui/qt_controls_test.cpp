@@ -8,6 +8,7 @@
 #include "platform/qt/qt_colors.h"
 #include "platform/qt/qt_cursors.h"
 #include "platform/qt/qt_keys.h"
+#include "platform/qt/qt_removal.h"
 
 namespace velm {
 namespace {
@@ -352,6 +353,7 @@ TEST_F(Controls, EveryControlMayEndInItsOwnEvents) {
             EXPECT_EQ(toldAfterwards, 0) << static_cast<int>(which) << NameOf(kind);
             listener.answer = nullptr;
             control.reset();
+            DeleteWhatIsFree();
             QCoreApplication::processEvents();
             EXPECT_EQ(widget, nullptr) << "deleted by the next pump";
         }
@@ -372,7 +374,8 @@ TEST_F(Controls, AControlThatEndsIsHiddenAtOnce) {
         return false;
     };
     Click(widget);
-    QCoreApplication::sendPostedEvents();
+    DeleteWhatIsFree();
+    QCoreApplication::processEvents();
     EXPECT_TRUE(widget.isNull());
 }
 

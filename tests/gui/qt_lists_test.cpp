@@ -4,6 +4,7 @@
 #include <QScrollBar>
 
 #include "gui/control_tests.h"
+#include "platform/qt/qt_removal.h"
 
 namespace velm {
 namespace {
@@ -178,6 +179,7 @@ TEST_F(ListTest, MayEndWithinItsEvents) {
     EndAt(*this, EventKind::kClick);
     QTest::mouseClick(list.viewport(), Qt::LeftButton, Qt::NoModifier, place);
     EXPECT_EQ(control, nullptr);
+    DeleteWhatIsFree();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_TRUE(window.findChildren<QListWidget*>().empty());
 }

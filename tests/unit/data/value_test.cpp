@@ -248,5 +248,58 @@ TEST(Value, AnEntryBehindAnEmptyLineTakesItsPlace) {
     EXPECT_EQ(table.Text(), u"a=3\r\nb=5");
 }
 
+#ifndef VELM_NO_CACHES
+
+TEST(Value, AKeyIsReachedAsANumberOnlyThroughTheEntries) {
+    Value table(u"a=1\r\nb=文");
+    const Value key(u"a");
+    double number = 0;
+    EXPECT_FALSE(table.TryEntryNumber(key, number)) << "no entries are at hand yet";
+    EXPECT_FALSE(table.TrySetEntryNumber(key, 5));
+    table.SetEntry(u"a", Value::OfNumber(2));
+    EXPECT_TRUE(table.TryEntryNumber(key, number));
+    EXPECT_EQ(number, 2);
+    EXPECT_FALSE(table.TryEntryNumber(Value(u"b"), number)) << "a text";
+    EXPECT_FALSE(table.TryEntryNumber(Value(u"c"), number)) << "absent";
+    EXPECT_FALSE(table.TryEntryNumber(Value(u"1"), number)) << "a position";
+    EXPECT_FALSE(table.TryEntryNumber(Value::OfNumber(1), number));
+    EXPECT_FALSE(table.TryEntryNumber(Value(), number));
+
+    EXPECT_TRUE(table.TrySetEntryNumber(key, 3));
+    EXPECT_TRUE(table.TrySetEntryNumber(Value(u"c"), 4));
+    EXPECT_FALSE(table.TrySetEntryNumber(Value(u"d=e"), 4)) << "no plain key";
+    const Value copy = table;
+    EXPECT_FALSE(table.TrySetEntryNumber(key, 9)) << "somebody else holds it";
+    EXPECT_EQ(table.Text(), u"b=文\r\na=3\r\nc=4");
+    EXPECT_FALSE(table.TrySetEntryNumber(key, 9)) << "the text is a truth too";
+}
+
+TEST(Value, AJoinTakesThePlaceOfAText) {
+    const Value text(u"k");
+    const Value number = Value::OfNumber(2.5);
+    const Value empty;
+    const Value* parts[] = {&text, &number, &empty, &text};
+    Value place(u"1,2");
+    EXPECT_EQ(place.Number(), std::nullopt);
+    EXPECT_TRUE(place.TryJoin(parts));
+    EXPECT_EQ(place.Text(), u"k2.5k");
+    const Value held = place;
+    const Value* numbers[] = {&number, &number};
+    EXPECT_TRUE(place.TryJoin({numbers, 1}));
+    EXPECT_EQ(place.Number(), 2.5) << "what was known of the old text is forgotten";
+    EXPECT_EQ(held.Text(), u"k2.5k") << "another owner keeps what it holds";
+    const Value cells(u"1,2");
+    EXPECT_EQ(cells.Cell(1).Text(), u"2");
+    place = cells;
+    EXPECT_TRUE(place.TryJoin(parts));
+    EXPECT_EQ(place.Text(), u"k2.5k");
+    const Value longText(std::u16string(5000, u'x'));
+    const Value* tooLong[] = {&text, &longText};
+    EXPECT_FALSE(place.TryJoin(tooLong));
+    EXPECT_EQ(place.Text(), u"k2.5k");
+}
+
+#endif
+
 }  // namespace
 }  // namespace velm
