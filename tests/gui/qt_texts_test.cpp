@@ -1,5 +1,7 @@
 // Text boxes of one line and of several.
 #include <QAbstractScrollArea>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QScrollBar>
@@ -26,6 +28,31 @@ TEST_F(Controls, TextTellsOneChange) {
         text->Set(u"Text", Number(12.5), {});
         EXPECT_EQ(text->Get(u"Text", {}), Text(u"12.5"));
         EXPECT_EQ(listener.Take(), Told{"change"});
+    }
+}
+
+// Whatever pastes, the toolkit has come to its end before the script hears of it.
+TEST_F(Controls, APasteMayReplaceTheTextOrEndTheControl) {
+    QGuiApplication::clipboard()->setText(QStringLiteral("一行\n二行"));
+    Show();
+    for (const ControlClass which : kTexts) {
+        auto text = Make(which);
+        int changes = 0;
+        listener.answer = [&](const ControlEvent& event) {
+            if (event.kind == EventKind::kChange && ++changes == 1)
+                text->Set(u"Text", Text(u"x"), {});
+            return false;
+        };
+        Key(InnerOf(*text), Qt::Key_V, {}, Qt::ControlModifier);
+        EXPECT_EQ(text->Get(u"Text", {}), Text(u"x")) << static_cast<int>(which);
+        EXPECT_EQ(changes, 2) << "the paste, and what the script put in its place";
+        listener.answer = [&](const ControlEvent& event) {
+            if (event.kind == EventKind::kChange) text.reset();
+            return false;
+        };
+        Key(InnerOf(*text), Qt::Key_V, {}, Qt::ControlModifier);
+        EXPECT_EQ(text, nullptr);
+        listener.answer = nullptr;
     }
 }
 

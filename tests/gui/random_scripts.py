@@ -134,9 +134,10 @@ class ScriptMaker:
         return [maker(self) for maker in chosen]
 
     def procedure(self, name, *more):
-        """A procedure that stops nesting at some depth, and leaves it as it found it."""
+        """A procedure that stops nesting at some depth, and does nothing more near the end."""
         return [
-            f"手順は　{name}", "深さ＝深さ＋1", f"もし 深さ＜{DEEPEST} なら",
+            f"手順は　{name}", f"もし 「{STOP}」は \"存在する\" なら 深さ＝{DEEPEST}", "深さ＝深さ＋1",
+            f"もし 深さ＜{DEEPEST} なら",
             *("    " + line for line in [*self.actions(4), *more]), "もし終わり", "深さ＝深さ－1", "終わり"]
 
     def set_up(self):
@@ -174,7 +175,7 @@ class ScriptMaker:
                 for entry in (1, 2, 3):
                     yield from self.procedure(f"{window}のm{top}のs{entry}をクリック")
             stay = "もし 乱数（3）＞0 なら 閉じない"
-            yield from self.procedure(f"{window}を閉じる", f"もし 「{STOP}」は \"存在する\" なら 抜ける", stay)
+            yield from self.procedure(f"{window}を閉じる", stay)
 
     def lines(self):
         yield f"エラーは {self.random.choice(('報告', '続ける', '表示'))}"

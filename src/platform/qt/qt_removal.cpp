@@ -56,6 +56,12 @@ bool IsFree(const Removed& removed) {
     return std::none_of(OpenScopes().begin(), OpenScopes().end(), isAboutIt);
 }
 
+// What stands in an object is deleted with it, and may be older.
+bool IsWithin(const QObject* inner, const QObject& outer) {
+    while (inner != nullptr && inner != &outer) inner = inner->parent();
+    return inner != nullptr;
+}
+
 }  // namespace
 
 ToolkitScope::ToolkitScope() { OpenScopes().push_back(++lastScope); }
@@ -64,7 +70,10 @@ ToolkitScope::~ToolkitScope() { OpenScopes().pop_back(); }
 std::uint64_t LastToolkitScope() { return lastScope; }
 
 void RemoveWhenFree(QObject& object, std::uint64_t birth) {
-    const Removed removed{&object, birth, lastScope};
+    Removed removed{&object, birth, lastScope};
+    for (const Removed& inner : Waiting()) {
+        if (IsWithin(inner.object, object)) removed.birth = std::min(removed.birth, inner.birth);
+    }
     if (IsFree(removed)) {
         DeleteSoon(object);
     } else {

@@ -45,9 +45,9 @@ bool IsProtectedAt(const QTextDocument& document, int position) {
     return IsProtected(cursor.charFormat());
 }
 
-class RichWidget : public QTextEdit {
+class RichWidget : public LateTeller<QTextEdit> {
   public:
-    using QTextEdit::QTextEdit;
+    using LateTeller::LateTeller;
 
     QSize minimumSizeHint() const override { return {0, 0}; }
     AddressPainter* addresses = nullptr;  // its document owns it
@@ -285,7 +285,7 @@ QWidget* Viewport(QWidget& widget) { return static_cast<QTextEdit&>(widget).view
 void Start(QtSurface& surface) {
     surface.tellsClicks = true;
     surface.UsePalette(QPalette::Text, QPalette::Base);
-    TellChanges<QTextEdit>(surface);
+    TellChanges<RichWidget>(surface);
 }
 
 }  // namespace

@@ -15,9 +15,9 @@ namespace {
 constexpr int kScrollBoth = 3;
 constexpr int kScrollVertical = 2;
 
-class LinesWidget : public QPlainTextEdit {
+class LinesWidget : public LateTeller<QPlainTextEdit> {
   public:
-    using QPlainTextEdit::QPlainTextEdit;
+    using LateTeller::LateTeller;
 
     QSize minimumSizeHint() const override { return {0, 0}; }
 
@@ -108,7 +108,7 @@ void StartLine(QtSurface& surface) {
 void StartLines(QtSurface& surface) {
     surface.tellsClicks = true;
     surface.UsePalette(QPalette::Text, QPalette::Base);
-    TellChanges<QPlainTextEdit>(surface);
+    TellChanges<LinesWidget>(surface);
 }
 
 }  // namespace

@@ -1,11 +1,14 @@
 // Members that texts of several lines have in common, plain or rich: W is the toolkit's class.
 #pragma once
 
+#include <QPointer>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
 #include <algorithm>
+#include <functional>
 #include <string>
+#include <utility>
 
 #include "platform/qt/qt_members.h"
 #include "platform/qt/qt_text_positions.h"
@@ -134,7 +137,46 @@ void KeepWithinLimit(W& edit, int limit, int place, int added) {
     cursor.removeSelectedText();
 }
 
-// Tells of every change, after the limit was kept.
+// A text whose changes are told at the end of the event that made them: a script may do anything to the
+// text then, which the toolkit wouldn't bear in the middle of its own work on it.
+template <class W>
+class LateTeller : public W {
+  public:
+    using W::W;
+
+    std::function<void()> tellChange;
+    void NoteChange() {
+        hasChanged_ = true;
+        if (depth_ == 0) TellNoted();
+    }
+
+  protected:
+    bool event(QEvent* event) override {
+        return Within([&] { return W::event(event); });
+    }
+    bool viewportEvent(QEvent* event) override {
+        return Within([&] { return W::viewportEvent(event); });
+    }
+
+  private:
+    int depth_ = 0;
+    bool hasChanged_ = false;
+
+    template <class Step>
+    bool Within(Step&& step) {
+        const QPointer<QObject> alive(this);
+        ++depth_;
+        const bool isTaken = step();
+        if (alive == nullptr) return isTaken;
+        if (--depth_ == 0) TellNoted();
+        return isTaken;
+    }
+    void TellNoted() {
+        if (std::exchange(hasChanged_, false) && tellChange) tellChange();
+    }
+};
+
+// Tells of every change, after the limit was kept. W is a LateTeller.
 template <class W>
 void TellChanges(QtSurface& surface) {
     W& edit = surface.As<W>();
@@ -153,8 +195,11 @@ void TellChanges(QtSurface& surface) {
             const QtSurface::Quiet quiet(surface);
             KeepWithinLimit(edit, MaxLength(surface), last->place, last->added);
         }
-        surface.TellChange(EventKind::kChange);
+        edit.NoteChange();
     });
+    edit.tellChange = [alive = QPointer<QtSurface>(&surface)] {
+        if (alive != nullptr) alive->TellChange(EventKind::kChange);
+    };
 }
 
 // Control with Enter makes a line also where Enter presses a button of the window.
