@@ -243,8 +243,8 @@ def main():
 
 def self_test():
     global PATIENCE
-    PATIENCE = 0.5
     display = Display()
+    PATIENCE = 0.5
     try:
         program = Program(display, ["sleep", "5"], "/")
         try:
