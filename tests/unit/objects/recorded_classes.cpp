@@ -16,7 +16,6 @@ using Defaults = std::map<std::u16string, MemberValue>;
 
 constexpr double kButtonFace = -2147483633;
 constexpr double kWindowText = -2147483630;
-constexpr double kWindowBack = -2147483643;
 
 const std::u16string kNoText;
 
