@@ -228,6 +228,9 @@ QWidget* Make(QWidget* parent) {
     return new Widget(parent);
 }
 
+// As new windows are, so that a label doesn't stand out.
+constexpr std::int32_t kWindowWhite = 0xFFFFFF;
+
 void StartClicks(QtSurface& surface) { surface.tellsClicks = true; }
 
 }  // namespace
@@ -236,7 +239,8 @@ const QtControlClass kLabelClass = {.make = Make<LabelWidget>,
                                     .start = StartClicks,
                                     .members = kLabelMembers,
                                     .geometry = nullptr,
-                                    .setGeometry = SetLabelGeometry};
+                                    .setGeometry = SetLabelGeometry,
+                                    .backColor = kWindowWhite};
 const QtControlClass kImageClass = {.make = Make<ImageWidget>,
                                     .start = StartClicks,
                                     .members = kImageMembers,
