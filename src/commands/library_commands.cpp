@@ -224,6 +224,7 @@ void AppendSource(std::u16string_view source) {
     program.Depth.resize(program.Statements.size());
     Append(program.Statements, added.Statements);
     Append(program.Depth, added.Depth);
+    NewVersion(program);
 }
 
 void DeclareFunction(const Statement& statement, std::u16string_view name) {

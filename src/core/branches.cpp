@@ -5,14 +5,19 @@
 #include <string>
 #include <vector>
 
+#include "core/action.h"
 #include "core/blocks.h"
 #include "core/diagnostics.h"
 #include "core/eval.h"
+#include "core/expression.h"
+#include "core/number_node.h"
 #include "core/sentence.h"
 #include "core/short_roads.h"
 #include "core/temporary_sentence.h"
+#include "core/word_plan.h"
 #include "core/word_lists.h"
 #include "data/brackets.h"
+#include "data/numbers.h"
 #include "data/text.h"
 
 namespace velm {
@@ -217,6 +222,44 @@ bool IsPlanned(const Statement& statement) {
            statement.cache->leave->fences == statement.fences;
 }
 
+// 抜ける with a word that is a constant, a variable, a cell or arithmetic, or without one.
+class Leave : public Action {
+  public:
+    explicit Leave(std::shared_ptr<const LeavePlan> plan) : plan_(std::move(plan)) {
+        if (plan_->with.IsEmpty()) return;
+        const WordPlan& with = plan_->with.Plan();
+        number_ = CompileNumber(plan_->with);
+        if (with.kind == PlanKind::kArithmetic) sum_ = with.expression->Tree();
+    }
+
+    bool Run(Statement& statement) const override {
+        if (plan_->fences != statement.fences) return false;
+        run.CurrentStatement = StatementPtr(&statement);
+        if (number_ != nullptr && !TakeWord()) return false;
+        run.*plan_->flag = true;
+        return true;
+    }
+
+  private:
+    std::shared_ptr<const LeavePlan> plan_;
+    NumberNodePtr number_;
+    const NumberNode* sum_ = nullptr;
+
+    bool TakeWord() const {
+        double number = 0;
+        if (sum_ != nullptr) {
+            run.Response.SetHeldNumber(RoundResult(sum_->Number()));
+        } else if (const Value* value = TryValue(plan_->with)) {
+            run.Response = *value;
+        } else if (number_->Try(number)) {
+            run.Response.SetHeldNumber(number);
+        } else {
+            return false;
+        }
+        return true;
+    }
+};
+
 }  // namespace
 
 void CmdLeave(Statement& statement, Context& /*context*/) {
@@ -228,21 +271,8 @@ void CmdLeave(Statement& statement, Context& /*context*/) {
     run.*plan.flag = true;
 }
 
-bool TryLeave(Statement& statement) {
-    if (!IsPlanned(statement)) return false;
-    const LeavePlan& plan = *statement.cache->leave;
-    if (!plan.with.IsEmpty()) {
-        double number = 0;
-        if (const Value* value = TryValue(plan.with)) {
-            run.Response = *value;
-        } else if (TryNumber(plan.with, number)) {
-            run.Response = Value::OfNumber(number);
-        } else {
-            return false;
-        }
-    }
-    run.*plan.flag = true;
-    return true;
+ActionPtr CompileLeave(Statement& statement) {
+    return IsPlanned(statement) ? ActionPtr(new Leave(statement.cache->leave)) : ActionPtr();
 }
 
 // Kept: a label at the first line counts as not found.

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "core/compiled_comparison.h"
 #include "core/diagnostics.h"
 #include "core/eval.h"
 #include "core/hooks.h"
@@ -93,33 +94,6 @@ bool PlanTwoWords(std::u16string_view right, std::u16string_view between, int co
     return true;
 }
 
-// The number that a side counts as when the other one is a number too: an empty word is 0.
-std::optional<double> NumberOfSide(const Value& value) {
-    double plain = 0;
-    if (value.IsPlainNumber(plain)) return plain;
-    const std::optional<double> number = value.Number();
-    if (number) return RoundToText(*number);
-    if (value.IsEmpty()) return 0;
-    return std::nullopt;
-}
-
-// Equality after the numbers were normalised: 1.0 and 1 are equal, an empty word is 0 against a number,
-// two words compare as text.
-bool AreEqual(const Value& left, const Value& right) {
-    const std::optional<double> leftSide = NumberOfSide(left);
-    const std::optional<double> rightSide = leftSide ? NumberOfSide(right) : std::nullopt;
-    return rightSide ? *leftSide == *rightSide : left.SameText(right);
-}
-
-bool CompareNumbers(int code, double left, double right) {
-    switch (code) {
-        case comparison::kGreater: return left > right;
-        case comparison::kLess: return left < right;
-        case comparison::kGreaterOrEqual: return left >= right;
-        default: return left <= right;
-    }
-}
-
 bool CompareAsNumbers(int code, const Value& left, const Value& right) {
     const std::optional<double> leftNumber = NumberOfSide(left);
     const std::optional<double> rightNumber = NumberOfSide(right);
@@ -174,56 +148,6 @@ bool HasKind(const Comparison& plan, const Value& left) {
     }
 }
 
-// AreEqual; false, with nothing done, when it fails.
-[[gnu::noinline]] bool TryAreEqual(const Value& left, const Value& right, bool& equal) {
-    const bool done = Attempt([&] { equal = AreEqual(left, right); });
-    if (!done) pendingFailure.Clear();
-    return done;
-}
-
-inline bool TryValues(const Value& left, const Value& right, bool& equal) {
-    if (left.IsKnownWord()) {
-        equal = left.SameWord(right);
-    } else if (right.IsKnownWord()) {
-        equal = right.SameWord(left);
-    } else {
-        return TryAreEqual(left, right, equal);
-    }
-    return true;
-}
-
-// The number of a side: a constant's or a variable's, or what is computed.
-inline bool TrySide(const Value* value, const WordPlan& plan, double& number) {
-    if (value != nullptr) return value->IsPlainNumber(number);
-    double computed = 0;
-    if (!TryComputed(plan, computed)) return false;
-    number = computed;
-    return true;
-}
-
-// The short road of Compare. false: nothing was done.
-inline bool TryCompare(const Comparison& plan, bool& result) {
-    if (!kShortRoads || !plan.valid || plan.code > comparison::kLessOrEqual) return false;
-    if (plan.left.IsEmpty() || plan.right.IsEmpty()) return false;
-    const WordPlan& leftPlan = plan.left.Plan();
-    const WordPlan& rightPlan = plan.right.Plan();
-    const Value* left = TryValue(leftPlan);
-    const Value* right = TryValue(rightPlan);
-    const bool forEquality = plan.code <= comparison::kNotEqual;
-    double a = 0;
-    double b = 0;
-    if (TrySide(left, leftPlan, a) && TrySide(right, rightPlan, b)) {
-        result = forEquality ? (a == b) == (plan.code == comparison::kEqual)
-                             : CompareNumbers(plan.code, a, b);
-        return true;
-    }
-    bool equal = false;
-    if (!forEquality || left == nullptr || right == nullptr) return false;
-    if (!TryValues(*left, *right, equal)) return false;
-    result = equal == (plan.code == comparison::kEqual);
-    return true;
-}
-
 bool Compare(const Comparison& plan) {
     const Value left = EvalWord(plan.left);
     if (!plan.inner.empty() || plan.code >= comparison::kExists) return HasKind(plan, left);
@@ -236,6 +160,12 @@ bool Compare(const Comparison& plan) {
             return AreEqual(left, right) || AreEqual(left, EvalWord(plan.second));
         default: return CompareAsNumbers(plan.code, left, right);
     }
+}
+
+std::shared_ptr<const CompiledComparison> Compile(const Comparison& plan) {
+    const bool bySign = plan.inner.empty() && plan.code <= comparison::kLessOrEqual;
+    if (!kShortRoads || !bySign || plan.left.IsEmpty() || plan.right.IsEmpty()) return nullptr;
+    return CompileComparison(plan.code, plan.left, plan.right);
 }
 
 }  // namespace
@@ -291,6 +221,7 @@ ConditionList PlanConditionList(std::u16string_view text, int code, bool anyMode
         open = kNotFound;
     }
     if (list.conditions.empty()) list.conditions.push_back(PlanComparison(code, text));
+    for (Comparison& condition : list.conditions) condition.compiled = Compile(condition);
     return list;
 }
 
@@ -298,7 +229,7 @@ bool TryConditionList(const ConditionList& list, bool& result) {
     result = !list.anyMode;
     for (const Comparison& condition : list.conditions) {
         bool holds = false;
-        if (!TryCompare(condition, holds)) return false;
+        if (!condition.compiled || !condition.compiled->Try(holds)) return false;
         if (holds == list.anyMode) result = holds;
         if (!holds && !list.anyMode) return true;
     }

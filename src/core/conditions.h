@@ -36,6 +36,8 @@ constexpr int kFile = 101;
 constexpr int kFolder = 102;
 }  // namespace comparison
 
+class CompiledComparison;
+
 // A condition cut into its parts, which its text alone decides.
 struct Comparison {
     bool valid = false;  // an operator or particle was found
@@ -44,6 +46,7 @@ struct Comparison {
     Word right;  // for a range or a choice its first word
     Word second;
     std::u16string inner;  // the word in double quotes
+    std::shared_ptr<const CompiledComparison> compiled;  // none: it is no comparison by a sign
 };
 
 Comparison PlanComparison(int code, std::u16string_view text);

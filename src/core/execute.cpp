@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "core/action.h"
 #include "core/blocks.h"
 #include "core/diagnostics.h"
 #include "core/eval.h"
@@ -159,60 +160,35 @@ Context& TheContext() {
 
 namespace {
 
-// Runs a statement that may run others. Its plans live in it, and it must live to the end of its run,
-// whatever becomes of its program. branch: the sentence that its condition has chosen already.
-[[gnu::noinline]] void ExecGuarded(Statement& statement, TemporarySentence* branch) {
-    const StatementPtr held(&statement);
-    const NestingGuard guard(statement.Source.size());
-    if (guard.Exhausted()) return;
-    if (hooks.RestartRepeatedMedia != nullptr) hooks.RestartRepeatedMedia();
-    Attempt([&] {
-        if (branch != nullptr) {
-            branch->Run();
-        } else {
-            Dispatch(statement);
-        }
-    });
-    pendingFailure.Clear();
-}
-
-inline bool TryAssignment(const Statement& statement) {
-    if (statement.cache == nullptr || !statement.cache->target) return false;
-    return TryAssign(*statement.cache->target, statement.WoArg);
-}
-
-inline bool TryLeaveSentence(Statement& statement) {
-    if (statement.FuncPnt != CmdLeave || !TryLeave(statement)) return false;
-    run.CurrentStatement = StatementPtr(&statement);
-    return true;
-}
-
-// Whether there is nothing to be done before or behind a statement.
-inline bool IsRoadFree() {
-    return kShortRoads && hooks.RestartRepeatedMedia == nullptr && !pendingFailure.IsSet();
-}
-
-inline bool TakesShortRoad(Statement& statement) {
-    if (statement.Kind == StatementKind::kAssignment) {
-        return IsRoadFree() && TryAssignment(statement);
+ActionPtr Compile(Statement& statement) {
+    switch (statement.Kind) {
+        case StatementKind::kAssignment:
+            if (statement.cache == nullptr || !statement.cache->target) return ActionPtr();
+            return CompileAssignment(statement.cache->target, statement.WoArg);
+        case StatementKind::kIf: return CompileIf(statement);
+        case StatementKind::kCallByVerb: return CompileCall(statement);
+        case StatementKind::kCommand:
+            return statement.FuncPnt == CmdLeave ? CompileLeave(statement) : ActionPtr();
+        default: return ActionPtr();
     }
-    if (statement.Kind == StatementKind::kCallByVerb)
-        return IsRoadFree() && TryProcedure(statement);
-    return statement.Kind == StatementKind::kCommand && IsRoadFree() && TryLeaveSentence(statement);
 }
 
 }  // namespace
 
-bool TryStatement(Statement& statement) { return TakesShortRoad(statement); }
-
-void ExecStatement(Statement& statement) {
-    if (statement.Source.empty() || TakesShortRoad(statement)) return;
-    TemporarySentence* branch = nullptr;
-    if (statement.Kind == StatementKind::kIf && IsRoadFree()) {
-        branch = TryIf(statement);
-        if (branch != nullptr && branch->TryRun()) return;
-    }
-    ExecGuarded(statement, branch);
+// Afterwards it is known what the statement says. Its plans live in it, and it must live to the end of its run,
+// whatever becomes of its program.
+void ExecByRule(Statement& statement) {
+    if (statement.Source.empty()) return;
+    const StatementPtr held(&statement);
+    const NestingGuard guard(statement.Source.size());
+    if (guard.Exhausted()) return;
+    if (hooks.RestartRepeatedMedia != nullptr) hooks.RestartRepeatedMedia();
+    Attempt([&] { Dispatch(statement); });
+    pendingFailure.Clear();
+    if (!kShortRoads || statement.compiled) return;
+    // What a call says may need a second run to settle, and changes with the procedure.
+    statement.compiled = statement.Kind != StatementKind::kCallByVerb;
+    if (!Attempt([&] { statement.action = Compile(statement); })) pendingFailure.Clear();
 }
 
 void RunComnd(const Word& sentence) {

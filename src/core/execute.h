@@ -4,8 +4,11 @@
 #include <memory>
 #include <string_view>
 
+#include "core/action.h"
+#include "core/hooks.h"
 #include "core/run_state.h"
 #include "core/statement.h"
+#include "data/failure.h"
 
 namespace velm {
 
@@ -19,12 +22,24 @@ struct Context {
 
 Context& TheContext();
 
-// The short road of ExecStatement (core/short_roads.h) for assignments and 抜ける. false, with nothing
-// done, for anything else.
-bool TryStatement(Statement& statement);
+// Runs the action of a statement that has one. false, with nothing done, when the told rule is to be followed.
+// The caller holds the statement and its action.
+inline bool TryStatement(Statement& statement) {
+    if (!statement.action || hooks.RestartRepeatedMedia != nullptr) return false;
+    bool taken = true;
+    Attempt([&] { taken = statement.action->Run(statement); });
+    if (taken && pendingFailure.IsSet()) pendingFailure.Clear();
+    return taken;
+}
 
-// Executes one statement. A failing step is passed over, and the pending failure is cleared at the end.
-void ExecStatement(Statement& statement);
+// Executes one statement by the told rule. A failing step is passed over, and the pending failure is cleared at
+// the end.
+void ExecByRule(Statement& statement);
+
+// Executes one statement.
+inline void ExecStatement(Statement& statement) {
+    if (!TryStatement(statement)) ExecByRule(statement);
+}
 
 // Runs one sentence that is no line of a program: analysed as if for the first time on each call.
 void RunComnd(const Word& sentence);
@@ -37,7 +52,7 @@ void RunTop(const Program& program);
 inline void RunLine(Statement& statement, std::int32_t& line) {
     run.CurLine = line;
     ExecStatement(statement);
-    if (!run.JumpFlag) return;
+    if (!run.AnySet() || !run.JumpFlag) return;
     run.JumpFlag = false;
     line = run.CurLine;
 }

@@ -1,18 +1,13 @@
 // Arithmetic: from text to postfix tokens, and their evaluation.
 #include "core/expression.h"
 
-#include <algorithm>
-#include <cmath>
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <utility>
 
 #include "core/eval.h"
-#include "core/procedures.h"
-#include "core/run_state.h"
 #include "core/short_roads.h"
-#include "core/variables.h"
-#include "core/word_plan.h"
 #include "data/numbers.h"
 #include "data/text.h"
 #include "data/value.h"
@@ -22,10 +17,6 @@ namespace velm {
 namespace {
 
 constexpr std::u16string_view kTokenMarks = u"+-*/^%()\\";
-// Forms that need less than this of a stack have it in place.
-constexpr std::size_t kUsualDepth = 16;
-
-bool IsWord(const ExpressionStep& step) { return step.kind == ExpressionStep::Kind::kWord; }
 
 char16_t NarrowOperator(char16_t unit) {
     switch (unit) {
@@ -154,96 +145,16 @@ Tokens SplitAtBlanks(std::u16string_view text) {
     return tokens;
 }
 
-[[gnu::noinline]] double ApplyRounded(Operator op, double left, double right) {
-    const std::optional<std::int32_t> a = TryInt32(left);
-    const std::optional<std::int32_t> b = TryInt32(right);
-    if (!a || !b || *b == 0) return left;
-    const std::int64_t wideLeft = *a;
-    return static_cast<double>(op == Operator::kRemainder ? wideLeft % *b : wideLeft / *b);
-}
-
-// % and \ work on both sides rounded to 32-bit integers. In the common case they are such integers.
-inline double ApplyIntegers(Operator op, double left, double right) {
-    constexpr double kLimit = 2147483647;
-    if (!(std::abs(left) <= kLimit && std::abs(right) <= kLimit)) {
-        return ApplyRounded(op, left, right);
-    }
-    const auto a = static_cast<std::int32_t>(left);
-    const auto b = static_cast<std::int32_t>(right);
-    if (a != left || b != right || b == 0) return ApplyRounded(op, left, right);
-    return op == Operator::kRemainder ? a % b : a / b;
-}
-
-// The result of an operator; one that fails leaves its left operand as it is.
-inline double Apply(Operator op, double left, double right) {
-    double result = 0;
-    switch (op) {
-        case Operator::kAdd: result = left + right; break;
-        case Operator::kSubtract: result = left - right; break;
-        case Operator::kMultiply: result = left * right; break;
-        case Operator::kDivide: result = left / right; break;  // by zero: not finite
-        case Operator::kPower: result = std::pow(left, right); break;
-        default: return ApplyIntegers(op, left, right);
-    }
-    return std::isfinite(result) ? result : left;
-}
-
-inline double NumberOfStep(const ExpressionStep& step) {
+double NumberOfStep(const ExpressionStep& step) {
     if (step.kind == ExpressionStep::Kind::kNumber) return step.number;
-    if (step.kind == ExpressionStep::Kind::kVariable) {
-        if (const Value* variable = FindVariable(step.symbol)) return variable->NumberOrZero();
-    } else if (TryProcedure(step.word.Plan())) {
-        return run.Response.NumberOrZero();
-    }
     return EvalWord(step.word).NumberOrZero();
 }
 
-// The common case: every operator has its operands. The top of the stack is kept beside it, so that
-// the stack needs one place more. read(step, number) gives an operand, or ends the walk with false.
-template <class Read>
-inline bool RunSound(const Expression& expression, double* stack, double& result, Read read) {
-    double top = 0;
-    for (const ExpressionStep& step : expression.steps) {
-        double right = top;
-        if (step.kind == ExpressionStep::Kind::kOperator) {
-            top = *--stack;
-        } else if (!read(step, right)) {
-            return false;
-        }
-        if (step.op == Operator::kNone) {
-            *stack++ = top;
-            top = right;
-        } else {
-            top = Apply(step.op, top, right);
-        }
-    }
-    result = top;
-    return true;
-}
-
-inline double EvaluateSound(const Expression& expression, double* stack) {
-    double result = 0;
-    RunSound(expression, stack, result, [](const ExpressionStep& step, double& number) {
-        number = NumberOfStep(step);
-        return true;
-    });
-    return result;
-}
-
-// What runs nothing: a number, or a name that is a variable now and holds a number.
-inline bool ReadFlatStep(const ExpressionStep& step, double& number) {
-    if (step.kind == ExpressionStep::Kind::kNumber) {
-        number = step.number;
-        return true;
-    }
-    const Value* variable = FindVariable(step.symbol);
-    return variable != nullptr && variable->IsPlainNumber(number);
-}
-
-// An operator without an operand fails, and takes one value from the stack all the same.
-double EvaluateUnsound(const Expression& expression, double* stack) {
+// The rule itself. An operator without an operand fails, and takes one value from the stack all the same.
+double EvaluateSteps(const Expression& expression) {
+    std::vector<double> places(expression.steps.size() + 1);
+    double* stack = places.data();
     std::ptrdiff_t top = 0;
-    stack[0] = 0;
     for (const ExpressionStep& step : expression.steps) {
         if (step.kind == ExpressionStep::Kind::kOperator) {
             if (top >= 2) stack[top - 2] = Apply(step.op, stack[top - 2], stack[top - 1]);
@@ -257,37 +168,18 @@ double EvaluateUnsound(const Expression& expression, double* stack) {
     return stack[0];
 }
 
-// Notes how deep the stack gets, and whether it ever lacks an operand.
-void MeasureStack(Expression& expression) {
+// Notes whether an operator ever lacks an operand. What a wrong text leaves on the stack lies above its
+// first place, which is the result.
+bool IsSound(const std::vector<ExpressionStep>& steps) {
     std::size_t depth = 0;
-    expression.sound = !expression.steps.empty();
-    for (const ExpressionStep& step : expression.steps) {
-        if (step.kind == ExpressionStep::Kind::kOperator) {
-            if (depth < 2) expression.sound = false;
-            if (depth > 0) --depth;
-        } else {
+    for (const ExpressionStep& step : steps) {
+        if (step.kind != ExpressionStep::Kind::kOperator) {
             ++depth;
-        }
-        expression.depth = std::max(expression.depth, depth);
-    }
-    // What a wrong text leaves on the stack lies above its first place, which is the result.
-    if (depth != 1) expression.sound = false;
-}
-
-// Lets operands take the operators behind them along.
-void FuseSteps(Expression& expression) {
-    std::vector<ExpressionStep> fused;
-    for (ExpressionStep& step : expression.steps) {
-        const bool taken = step.kind == ExpressionStep::Kind::kOperator &&
-                           fused.back().kind != ExpressionStep::Kind::kOperator &&
-                           fused.back().op == Operator::kNone;
-        if (taken) {
-            fused.back().op = step.op;
-        } else {
-            fused.push_back(std::move(step));
+        } else if (depth-- < 2) {
+            return false;
         }
     }
-    expression.steps = std::move(fused);
+    return depth == 1;
 }
 
 ExpressionStep PlanStep(std::u16string_view token) {
@@ -302,10 +194,7 @@ ExpressionStep PlanStep(std::u16string_view token) {
         return step;
     }
     step.word = Word(token);
-    const WordPlan& plan = step.word.Plan();
-    const bool bare = plan.kind == PlanKind::kName && plan.symbol != nullptr;
-    step.kind = bare ? ExpressionStep::Kind::kVariable : ExpressionStep::Kind::kWord;
-    step.symbol = bare ? plan.symbol : nullptr;
+    step.kind = ExpressionStep::Kind::kWord;
     return step;
 }
 
@@ -323,73 +212,18 @@ std::shared_ptr<const Expression> PlanExpression(std::u16string_view text) {
         for (const std::u16string_view token : postfix)
             expression->steps.push_back(PlanStep(token));
     }
-    MeasureStack(*expression);
-    if (expression->sound) FuseSteps(*expression);
-    expression->flat = expression->sound && expression->depth < kUsualDepth &&
-                       std::none_of(expression->steps.begin(), expression->steps.end(), IsWord);
+    expression->sound = IsSound(expression->steps);
     return expression;
 }
 
-namespace {
-
-// The rounding of Evaluate and then of a value that takes the number.
-inline double RoundTwice(double number) {
-    return IsShortInteger(number) ? number + 0.0 : RoundToText(RoundPlacesOfFraction(number));
+void Expression::Compile() const {
+    compiled_ = true;
+    if (kShortRoads) tree_ = CompileExpression(*this);
 }
-
-[[gnu::noinline]] bool TryFlat(const Expression& expression, double& result) {
-    double stack[kUsualDepth];
-    double number = 0;
-    if (!RunSound(expression, stack, number, ReadFlatStep)) return false;
-    result = RoundTwice(number);
-    return true;
-}
-
-[[gnu::noinline]] bool TryWithCells(const Expression& expression, double& result) {
-    if (!expression.sound || expression.depth >= kUsualDepth) return false;
-    double stack[kUsualDepth];
-    double number = 0;
-    const auto read = [](const ExpressionStep& step, double& operand) {
-        return IsWord(step) ? TryCell(step.word.Plan(), operand) : ReadFlatStep(step, operand);
-    };
-    if (!RunSound(expression, stack, number, read)) return false;
-    result = RoundTwice(number);
-    return true;
-}
-
-}  // namespace
-
-bool TryEvaluate(const Expression& expression, double& result) {
-    if (!kShortRoads) return false;
-    if (!expression.flat) return TryWithCells(expression, result);
-    // Most forms are one operator with its operands, and need no stack.
-    if (expression.steps.size() != 2) return TryFlat(expression, result);
-    const ExpressionStep& first = expression.steps[0];
-    const ExpressionStep& second = expression.steps[1];
-    double left = 0;
-    double right = 0;
-    if (!ReadFlatStep(first, left) || !ReadFlatStep(second, right)) return false;
-    result = RoundTwice(Apply(second.op, left, right));
-    return true;
-}
-
-namespace {
-
-// A form that needs a large stack, or in which an operator lacks an operand.
-[[gnu::noinline]] double EvaluateUnusual(const Expression& expression) {
-    std::vector<double> stack(expression.depth + 1);
-    return expression.sound ? EvaluateSound(expression, stack.data())
-                            : EvaluateUnsound(expression, stack.data());
-}
-
-}  // namespace
 
 double Evaluate(const Expression& expression) {
-    if (!expression.sound || expression.depth >= kUsualDepth) {
-        return RoundPlaces15(EvaluateUnusual(expression));
-    }
-    double stack[kUsualDepth];
-    return RoundPlaces15(EvaluateSound(expression, stack));
+    const NumberNode* tree = expression.Tree();
+    return RoundPlaces15(tree != nullptr ? tree->Number() : EvaluateSteps(expression));
 }
 
 double Calculate(std::u16string_view text) { return Evaluate(*PlanExpression(text)); }

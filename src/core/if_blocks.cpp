@@ -3,16 +3,35 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "core/action.h"
 #include "core/blocks.h"
+#include "core/compiled_comparison.h"
 #include "core/conditions.h"
 #include "core/diagnostics.h"
+#include "core/line_block.h"
+#include "core/short_roads.h"
 #include "core/statement.h"
 #include "core/temporary_sentence.h"
 #include "data/text.h"
 
 namespace velm {
+
+namespace {
+
+// Where the lines of a block stand, for a condition that was met at a line of a program.
+struct BlockShape {
+    std::uint64_t version = 0;  // of the program
+    std::int32_t first = -1;    // the line behind the head
+    std::int32_t depth = 0;     // of the lines where the branches part
+    std::int32_t branch = 0;    // the first of these
+    std::int32_t behind = 0;    // the first line behind the block
+    bool regular = false;       // every line up to that lies within the block
+};
+
+}  // namespace
 
 // A もし sentence cut into its parts.
 struct IfPlan {
@@ -22,6 +41,9 @@ struct IfPlan {
     bool oneLine = false;
     std::shared_ptr<TemporarySentence> thenPart;
     std::shared_ptr<TemporarySentence> elsePart;
+    mutable BlockShape shape;  // as it was last met
+    mutable KeptBlock thenLines;
+    mutable KeptBlock elseLines;
 };
 
 namespace {
@@ -124,26 +146,74 @@ const IfPlan& PlanOf(Statement& statement, std::u16string_view text) {
     return *plan;
 }
 
+// The first line from one on where the branches of a block of this depth part, or that behind the last.
+std::int32_t FindBranch(const Program& program, std::int32_t from, std::int32_t depth) {
+    auto line = static_cast<std::size_t>(from);
+    for (; line < program.Depth.size(); ++line) {
+        if (program.Depth[line] != depth) continue;
+        const LineMark mark = program.Statements[line]->mark;
+        if (mark >= LineMark::kIfEnd && mark <= LineMark::kElseIf) break;
+    }
+    return static_cast<std::int32_t>(line);
+}
+
+// The first line from one on that lies behind a block of this depth.
+std::int32_t FindBehind(const Program& program, std::int32_t from, std::int32_t depth) {
+    auto line = static_cast<std::size_t>(from);
+    while (line < program.Depth.size() && program.Depth[line] != depth - 1) ++line;
+    return static_cast<std::int32_t>(line);
+}
+
+BlockShape FindShape(const Program& program, std::int32_t first) {
+    const auto head = static_cast<std::size_t>(first) - 1;
+    const std::int32_t around = program.Depth[head];
+    const bool inside = head + 1 < program.Depth.size() && program.Depth[head + 1] == around;
+    BlockShape shape;
+    shape.version = program.version;
+    shape.first = first;
+    shape.depth = inside ? around : around + 1;
+    shape.branch = FindBranch(program, first, shape.depth);
+    shape.behind = FindBehind(program, first, shape.depth);
+    const auto begin = program.Depth.begin();
+    shape.regular = static_cast<std::size_t>(shape.behind) < program.Depth.size() &&
+                    std::all_of(begin + first, begin + shape.behind,
+                                [&](std::int32_t depth) { return depth >= shape.depth; });
+    return shape;
+}
+
+// The shape of the block whose head is the current line.
+const BlockShape& ShapeOf(const IfPlan& plan, const Program& program) {
+    const std::int32_t first = run.CurLine + 1;
+    BlockShape& shape = plan.shape;
+    const bool known =
+        kShortRoads && shape.version == program.version && shape.first == first;
+    if (!known) shape = FindShape(program, first);
+    return shape;
+}
+
 // The walk over the lines of a block: from the head to its もし終わり.
 class IfWalk {
   public:
-    IfWalk(bool condition, std::int32_t line, std::int32_t depth)
-        : program_(Programs[static_cast<std::size_t>(run.CurProgram)]),
+    IfWalk(bool condition, const ProgramPtr& program, const IfPlan& plan)
+        : program_(program),
+          plan_(plan),
+          shape_(ShapeOf(plan, *program)),
           running_(condition),
-          line_(line),
-          depth_(depth) {}
+          line_(shape_.first) {}
 
     void Walk() {
-        while (true) {
+        bool leaving = running_ && LeavesLines(plan_.thenLines);
+        while (!leaving) {
             if (!running_ && !IsLeaving()) PassOver();
             if (!InProgram(line_)) {
                 RaiseError(kNoIfEnd, kIconInformation, u"", u"", -1);
                 if (nesting_.depth > kMostUnclosed) run.StopFlag = true;
                 return;
             }
+            const bool ran = running_;
             if (!Step()) break;
             ++line_;
-            if (IsLeaving()) break;
+            leaving = IsLeaving() || (running_ && !ran && LeavesLines(plan_.elseLines));
         }
         if (run.StopFlag) return;
         run.IfBreakFlag = false;
@@ -165,9 +235,10 @@ class IfWalk {
 
     Nesting nesting_;
     ProgramPtr program_;
+    const IfPlan& plan_;  // held by whoever walks
+    BlockShape shape_;
     bool running_;
     std::int32_t line_;
-    std::int32_t depth_;
 
     bool InProgram(std::int32_t line) const {
         return static_cast<std::size_t>(line) < program_->Statements.size();
@@ -178,30 +249,30 @@ class IfWalk {
 
     static bool IsLeaving() { return run.StopFlag || run.ReturnFlag || run.IfBreakFlag; }
 
+    // Runs the lines of a branch from its first one on, as far as that goes; whether the block is then left.
+    bool LeavesLines(KeptBlock& lines) {
+        if (!shape_.regular || !InProgram(line_)) return false;
+        const std::int32_t first = line_;
+        line_ = lines.Run(*program_, first);
+        return line_ != first && IsLeaving();
+    }
+
     // Goes on over lines that don't run to the next one where the block's branches part.
     void PassOver() {
-        const std::vector<std::int32_t>& depths = program_->Depth;
-        auto line = static_cast<std::size_t>(line_);
-        for (; line < depths.size(); ++line) {
-            if (depths[line] != depth_) continue;
-            const LineMark mark = program_->Statements[line]->mark;
-            if (mark >= LineMark::kIfEnd && mark <= LineMark::kElseIf) break;
-        }
-        line_ = static_cast<std::int32_t>(line);
+        const bool atStart = line_ == shape_.first;
+        line_ = atStart ? shape_.branch : FindBranch(*program_, line_, shape_.depth);
     }
 
     std::int32_t BehindBlock() const {
-        const std::vector<std::int32_t>& depths = program_->Depth;
-        auto line = static_cast<std::size_t>(line_);
-        while (line < depths.size() && depths[line] != depth_ - 1) ++line;
-        return static_cast<std::int32_t>(line);
+        const bool within = line_ >= shape_.first && line_ <= shape_.behind;
+        return within ? shape_.behind : FindBehind(*program_, line_, shape_.depth);
     }
 
     // Looks at one line; false when the walk ends there.
     bool Step() {
         Statement& statement = *program_->Statements[static_cast<std::size_t>(line_)];
         const std::int32_t depth = DepthOf(line_);
-        if (depth == depth_) {
+        if (depth == shape_.depth) {
             if (statement.mark == LineMark::kIfEnd) return false;
             if (statement.mark == LineMark::kElse) {
                 if (running_) return false;
@@ -213,30 +284,30 @@ class IfWalk {
                 return false;
             }
         }
-        if (depth >= depth_ && running_) RunLine(statement, line_);
+        if (depth >= shape_.depth && running_) RunLine(statement, line_);
         return true;
     }
 
     void RunElseIf(Statement& statement);
 };
 
-void RunPlan(const IfPlan& plan) {
-    if (plan.error != 0) {
-        RaiseError(plan.error, kIconWarning, u"", u"", -1);
-        return;
-    }
-    bool result = EvalConditionList(plan.condition);
+// Runs what a condition's result chooses.
+void Choose(const IfPlan& plan, bool result) {
     if (plan.oneLine) {
         (result ? plan.thenPart : plan.elsePart)->Run();
         return;
     }
     if (plan.inverted) result = !result;
-    const Program& program = CurrentProgram();
-    const std::int32_t next = run.CurLine + 1;
-    const std::int32_t depth = program.Depth[static_cast<std::size_t>(run.CurLine)];
-    const bool inside = static_cast<std::size_t>(next) < program.Depth.size() &&
-                        program.Depth[static_cast<std::size_t>(next)] == depth;
-    IfWalk(result, next, inside ? depth : depth + 1).Walk();
+    const ProgramPtr& program = Programs[static_cast<std::size_t>(run.CurProgram)];
+    IfWalk(result, program, plan).Walk();
+}
+
+void RunPlan(const IfPlan& plan) {
+    if (plan.error != 0) {
+        RaiseError(plan.error, kIconWarning, u"", u"", -1);
+        return;
+    }
+    Choose(plan, EvalConditionList(plan.condition));
 }
 
 void IfWalk::RunElseIf(Statement& statement) {
@@ -245,15 +316,32 @@ void IfWalk::RunElseIf(Statement& statement) {
     RunPlan(PlanOf(statement, source.substr(4)));
 }
 
+// A もし sentence whose plan is made.
+class If : public Action {
+  public:
+    explicit If(std::shared_ptr<const IfPlan> plan) : plan_(std::move(plan)) {
+        const std::vector<Comparison>& conditions = plan_->condition.conditions;
+        if (conditions.size() == 1) only_ = conditions[0].compiled.get();
+    }
+
+    bool Run(Statement& /*statement*/) const override {
+        bool result = false;
+        if (only_ == nullptr || !only_->Try(result)) result = EvalConditionList(plan_->condition);
+        Choose(*plan_, result);
+        return true;
+    }
+
+  private:
+    std::shared_ptr<const IfPlan> plan_;
+    const CompiledComparison* only_ = nullptr;
+};
+
 }  // namespace
 
-TemporarySentence* TryIf(const Statement& statement) {
-    if (statement.cache == nullptr || !statement.cache->condition) return nullptr;
-    const IfPlan& plan = *statement.cache->condition;
-    if (plan.error != 0 || !plan.oneLine) return nullptr;
-    bool result = false;
-    if (!TryConditionList(plan.condition, result)) return nullptr;
-    return (result ? plan.thenPart : plan.elsePart).get();
+ActionPtr CompileIf(Statement& statement) {
+    const bool planned = statement.cache != nullptr && statement.cache->condition &&
+                         statement.cache->condition->error == 0;
+    return planned ? ActionPtr(new If(statement.cache->condition)) : ActionPtr();
 }
 
 void ExecIf(Statement& statement) { RunPlan(PlanOf(statement, statement.WoArg)); }
@@ -275,9 +363,7 @@ void UncountUnclosed(Program& program, const std::vector<std::size_t>& heads) {
     }
 }
 
-}  // namespace
-
-void ScanBlocks(Program& program) {
+void FindDepths(Program& program) {
     program.Depth.assign(program.Statements.size(), 0);
     std::vector<std::size_t> open;
     for (std::size_t i = 0; i < program.Statements.size(); ++i) {
@@ -297,6 +383,14 @@ void ScanBlocks(Program& program) {
     if (open.empty()) return;
     UncountUnclosed(program, open);
     RaiseError(kNoIfEnd, kIconInformation, u"", u"", static_cast<std::int32_t>(open.back() + 1));
+}
+
+}  // namespace
+
+void ScanBlocks(Program& program) {
+    const std::vector<std::int32_t> before = std::move(program.Depth);
+    FindDepths(program);
+    if (program.version == 0 || program.Depth != before) NewVersion(program);
 }
 
 }  // namespace velm

@@ -8,7 +8,9 @@
 #include "core/diagnostics.h"
 #include "core/eval.h"
 #include "core/hooks.h"
+#include "core/line_block.h"
 #include "core/sentence.h"
+#include "core/short_roads.h"
 #include "core/temporary_sentence.h"
 #include "core/variables.h"
 #include "data/brackets.h"
@@ -30,6 +32,7 @@ struct LoopPlan {
     Word counter;
     std::shared_ptr<const AssignmentTarget> counterTarget;
     std::shared_ptr<SentenceList> body;  // none: the body is a block
+    mutable KeptBlock lines;
 };
 
 namespace {
@@ -114,6 +117,7 @@ class Loop {
         if (!plan.count.IsEmpty()) count_ = WholeNumber(plan.count);
         if (!plan.limit.IsEmpty()) limit_ = WholeNumber(plan.limit);
         if (plan.counterTarget) {
+            if (kShortRoads && !plan.counterTarget->indexed) counter_ = plan.counterTarget->symbol;
             const Word& start = plan.from.IsEmpty() ? plan.counter : plan.from;
             SetVariable(*plan.counterTarget, Value::OfNumber(EvalNumber(start)));
         }
@@ -132,11 +136,14 @@ class Loop {
   private:
     const LoopPlan& plan_;
     bool forever_;
+    const Symbol* counter_ = nullptr;  // none: the counter is a cell, or there is none
     double count_ = 0;
     double limit_ = -1;
     std::int32_t line_ = 0;
 
-    static bool IsLeaving() { return run.StopFlag || run.ReturnFlag || run.LoopBreakFlag; }
+    static bool IsLeaving() {
+        return run.StopFlag || (run.AnySet() && (run.ReturnFlag || run.LoopBreakFlag));
+    }
 
     static double CountOf(const Value& variable) {
         double number = 0;
@@ -145,27 +152,28 @@ class Loop {
 
     // Adds 1 to the counter. False when the value before that was the limit of a まで loop.
     bool Count() {
-        if (!plan_.counterTarget) return true;
-        const AssignmentTarget& target = *plan_.counterTarget;
         double before = 0;
-        Value* place = target.symbol == nullptr ? nullptr : FindForChange(target.symbol);
-        const bool plain = !target.indexed && place != nullptr && place->IsPlainNumber(before);
+        if (!plan_.counterTarget) return true;
         // The common case, a variable that holds a number: found once, for reading and storing.
-        if (plain) {
-            place->SetNumber(before + 1);
-            return !forever_ || before != limit_;
-        }
-        if (!target.indexed) {
-            if (const Value* variable = FindVariable(target.symbol)) before = CountOf(*variable);
+        Value* place = counter_ == nullptr ? nullptr : FindForChange(counter_);
+        if (place != nullptr && place->IsPlainNumber(before)) {
+            place->SetHeldNumber(RoundToText(before + 1));
         } else {
-            before = EvalNumber(plan_.counter);
-        }
-        if (target.indexed) {
-            SetVariable(target, Value::OfNumber(before + 1));
-        } else {
-            StoreNumber(target, before + 1);
+            before = CountByRule(*plan_.counterTarget);
         }
         return !forever_ || before != limit_;
+    }
+
+    [[gnu::noinline]] double CountByRule(const AssignmentTarget& target) {
+        if (target.indexed) {
+            const double before = EvalNumber(plan_.counter);
+            SetVariable(target, Value::OfNumber(before + 1));
+            return before;
+        }
+        const Value* variable = FindVariable(target.symbol);
+        const double before = variable == nullptr ? 0 : CountOf(*variable);
+        StoreNumber(target, before + 1);
+        return before;
     }
 
     // What stands between two passes; false when there is no next one.
@@ -208,9 +216,9 @@ class Loop {
         if (!forever_ && count_ == 0) {
             line_ = EndOfBody(*program, first);
         } else {
+            const LineBlock* block = plan_.lines.At(*program, first);
             for (double pass = 0; forever_ || pass < count_; ++pass) {
-                RunPass(*program, first);
-                leftAtEnd = IsProcedureEnd(*program, line_);
+                leftAtEnd = RunPass(*program, first, block);
                 if (forever_) PumpEvents();
                 if (IsLeaving() || leftAtEnd || !Count()) break;
             }
@@ -222,22 +230,32 @@ class Loop {
         run.JumpFlag = true;
     }
 
-    // Runs the body once. Kept: when the loop is left, the rest is passed over to the first line that
-    // ends a loop.
-    void RunPass(const Program& program, std::int32_t first) {
-        line_ = first;
-        if (!InProgram(program, first)) return;
-        std::int32_t line = first;
-        Statement* statement = &LineOf(program, first);
-        do {
+    // Runs the body once; whether that came to the end of the procedure.
+    bool RunPass(const Program& program, std::int32_t first, const LineBlock* block) {
+        const std::int32_t line = block == nullptr ? first : block->Run();
+        if (block != nullptr && block->EndsAtLoopEnd(line)) {
+            run.CurLine = line_ = line;
+            return false;
+        }
+        line_ = InProgram(program, first) ? WalkOn(program, first, line) : first;
+        return IsProcedureEnd(program, line_);
+    }
+
+    // Walks over the lines of the body from one on, and returns the line behind it. Kept: when the loop is
+    // left, the rest is passed over to the first line that ends a loop.
+    static std::int32_t WalkOn(const Program& program, std::int32_t first, std::int32_t line) {
+        while (line == first || !IsEnding(program, line)) {
             run.CurLine = line;
-            if (statement->VerbMark() == LoopMark::kLoopEnd) break;
-            if (!run.ReturnFlag && !run.LoopBreakFlag) RunLine(*statement, line);
+            Statement& statement = LineOf(program, line);
+            if (statement.VerbMark() == LoopMark::kLoopEnd) break;
+            if (!run.ReturnFlag && !run.LoopBreakFlag) RunLine(statement, line);
             ++line;
-            if (run.StopFlag || !InProgram(program, line)) break;
-            statement = &LineOf(program, line);
-        } while (statement->Kind != StatementKind::kProcedureEnd);
-        line_ = line;
+            if (IsEnding(program, line)) break;
+        }
+        return line;
+    }
+    static bool IsEnding(const Program& program, std::int32_t line) {
+        return run.StopFlag || IsProcedureEnd(program, line);
     }
 
     // Where the body of a loop that makes no pass ends.

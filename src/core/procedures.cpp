@@ -8,9 +8,11 @@
 #include <span>
 #include <utility>
 
+#include "core/action.h"
 #include "core/diagnostics.h"
 #include "core/eval.h"
 #include "core/execute.h"
+#include "core/line_block.h"
 #include "core/sentence.h"
 #include "core/short_roads.h"
 #include "core/stack_guard.h"
@@ -55,6 +57,16 @@ void ReadParameter(std::u16string_view item, ParameterSpec& spec) {
     spec.names.emplace_back(name);
 }
 
+bool AreDistinct(const std::vector<Word>& names) {
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        if (names[i].IsEmpty()) return false;
+        for (std::size_t j = 0; j < i; ++j) {
+            if (names[i].AsName() == names[j].AsName()) return false;
+        }
+    }
+    return true;
+}
+
 std::shared_ptr<const ParameterSpec> ReadSpec(const xxCmdData& entry) {
     auto spec = std::make_shared<ParameterSpec>();
     spec->copiesOut = entry.Name.starts_with(u'!');
@@ -65,6 +77,7 @@ std::shared_ptr<const ParameterSpec> ReadSpec(const xxCmdData& entry) {
     // two fences.
     spec->byParticle.Flags = 1;
     spec->byParticle.Joshi = spec->particles;
+    spec->distinct = AreDistinct(spec->names);
     spec->particleViews.assign(spec->particles.begin(), spec->particles.end());
     return spec;
 }
@@ -84,7 +97,7 @@ void RefuseWords(const xxCmdData& entry, std::u16string_view form) {
 }
 
 // The words of one call. The caller holds them.
-using CallWords = std::span<const Word>;
+using WordSpan = std::span<const Word>;
 // The words that were variables, for the copy-out; the others are empty.
 using PassedVariables = std::vector<Word>;
 
@@ -95,11 +108,10 @@ Value BindWord(const Word& word, Word* passed) {
         if (passed != nullptr) *passed = word;
         return *variable;
     }
-    double number = 0;
-    return TryNumber(word, number) ? Value::OfNumber(number) : EvalWord(word);
+    return EvalWord(word);
 }
 
-void BindParameters(const ParameterSpec& spec, CallWords words, Scope& locals,
+void BindParameters(const ParameterSpec& spec, WordSpan words, Scope& locals,
                     PassedVariables& passed) {
     const std::size_t count = std::min(words.size(), spec.names.size());
     for (std::size_t i = 0; i < count; ++i) {
@@ -138,7 +150,7 @@ void RunBody(const xxCmdData& entry, ScopePtr locals) {
     RunEventBody(entry);
 }
 
-void CallWithWords(xxCmdData& entry, CallWords words) {
+void CallWithWords(xxCmdData& entry, WordSpan words) {
     const ParameterSpec& spec = *entry.Parameters;
     PassedVariables passed(spec.copiesOut ? words.size() : 0);
     ScopePtr locals = MakeScope();
@@ -240,43 +252,6 @@ bool CallProcedureAsWord(Symbol* name, const Word& arguments) {
 
 namespace {
 
-// BindWord for a word that runs nothing.
-inline bool TryBindWord(const Word& word, const Word& name, Scope& locals) {
-    const Value* known = word.IsEmpty() ? nullptr : FindVariable(word.AsName());
-    if (known == nullptr) known = TryValue(word);
-    double number = 0;
-    if (known != nullptr) {
-        locals.Add(name, Value(*known));
-    } else if (word.IsEmpty()) {
-        locals.Add(name, Value());
-    } else if (TryComputed(word.Plan(), number)) {
-        Value value;
-        value.SetHeldNumber(number);
-        locals.Add(name, std::move(value));
-    } else {
-        return false;
-    }
-    return true;
-}
-
-// CallWithWords for words that run nothing, and a procedure that doesn't copy out.
-bool TryCallWithWords(const xxCmdData& entry, CallWords words, std::size_t units) {
-    const ParameterSpec& spec = *entry.Parameters;
-    const std::size_t count = std::min(words.size(), spec.names.size());
-    ScopePtr locals = MakeScope();
-    for (std::size_t i = 0; i < count; ++i) {
-        if (!TryBindWord(words[i], spec.names[i], *locals)) return false;
-    }
-    const NestingGuard guard(units);
-    if (guard.Exhausted()) return true;
-    std::swap(Locals, locals);
-    run.Response = Value();
-    RunEventBody(entry);
-    std::swap(Locals, locals);
-    pendingFailure.Clear();
-    return true;
-}
-
 inline const xxCmdData* FindPlainProcedure(const Symbol* name) {
     const xxCmdData* entry = Procedures.Find(name);
     if (entry == nullptr || !entry->Parameters) return nullptr;
@@ -284,24 +259,103 @@ inline const xxCmdData* FindPlainProcedure(const Symbol* name) {
     return spec.refused || spec.copiesOut ? nullptr : entry;
 }
 
+// A sentence that is a call, and has run before.
+class SentenceCall : public Action {
+  public:
+    SentenceCall(const Statement& statement, std::shared_ptr<const ParameterSpec> spec,
+                 const std::vector<Word>& words)
+        : name_(statement.Verb.AsName()),
+          fences_(statement.fences),
+          spec_(std::move(spec)),
+          words_(words) {}
+
+    bool Run(Statement& statement) const override {
+        const xxCmdData* entry = FindPlainProcedure(name_);
+        if (entry == nullptr || entry->Parameters != spec_) return false;
+        if (statement.fences != fences_) return false;
+        const ActionPtr held(this);  // the statement may get another one meanwhile
+        words_.Call(*entry);
+        return true;
+    }
+
+  private:
+    Symbol* name_;
+    std::uint32_t fences_;
+    std::shared_ptr<const ParameterSpec> spec_;
+    CallWords words_;
+};
+
 }  // namespace
 
-bool TryProcedure(const WordPlan& plan) {
-    if (!kShortRoads || plan.kind != PlanKind::kCall || !plan.IsLeftToProcedures()) return false;
-    const xxCmdData* entry = FindPlainProcedure(plan.symbol);
-    if (entry == nullptr || !entry->Parameters->positional) return false;
-    if (FindVariable(plan.symbol) != nullptr) return false;
-    return TryCallWithWords(*entry, plan.arguments.Pieces(), plan.whole.Text().size());
+ActionPtr CompileCall(Statement& statement) {
+    const xxCmdData* entry = FindPlainProcedure(statement.Verb.AsName());
+    if (entry == nullptr) return ActionPtr();
+    const std::shared_ptr<const ParameterSpec>& spec = entry->Parameters;
+    const std::vector<Word>* words = spec->positional ? &statement.WoArg.Pieces()
+                                                      : SettledWords(statement, spec->particleViews);
+    return words == nullptr ? ActionPtr() : ActionPtr(new SentenceCall(statement, spec, *words));
 }
 
-bool TryProcedure(const Statement& statement) {
-    const xxCmdData* entry = FindPlainProcedure(statement.Verb.AsName());
-    if (entry == nullptr) return false;
-    const ParameterSpec& spec = *entry->Parameters;
-    const std::size_t units = statement.Source.size();
-    if (spec.positional) return TryCallWithWords(*entry, statement.WoArg.Pieces(), units);
-    const std::vector<Word>* words = TrySplit(statement, spec.particleViews);
-    return words != nullptr && TryCallWithWords(*entry, *words, units);
+CallWords::Argument::Argument(const Word& theWord) : word(theWord) {
+    if (word.IsEmpty()) return;
+    const WordPlan& plan = word.Plan();
+    name = word.AsName();
+    number = CompileNumber(word);
+    if (plan.kind == PlanKind::kNumber || plan.kind == PlanKind::kText) constant = &plan.constant;
+}
+
+// What BindWord gives.
+inline Value CallWords::Argument::Bind() const {
+    if (name == nullptr) return Value();
+    if (const Value* variable = FindVariable(name)) return *variable;
+    if (constant != nullptr) return *constant;
+    Value value;
+    double computed = 0;
+    if (number->Try(computed)) {
+        value.SetHeldNumber(computed);
+    } else {
+        value = EvalWord(word);
+    }
+    return value;
+}
+
+CallWords::CallWords(const std::vector<Word>& words) {
+    for (const Word& word : words) arguments_.emplace_back(word);
+}
+
+inline void CallWords::BindTo(const ParameterSpec& spec, Scope& locals) const {
+    const std::size_t count = std::min(arguments_.size(), spec.names.size());
+    for (std::size_t i = 0; i < count; ++i) {
+        const Word& name = spec.names[i];
+        Attempt([&] {
+            if (spec.distinct) {
+                locals.AddNew(name.AsName(), name, arguments_[i].Bind());
+            } else {
+                locals.Add(name, arguments_[i].Bind());
+            }
+        });
+    }
+    if (pendingFailure.IsSet()) pendingFailure.Clear();
+}
+
+void CallWords::Call(const xxCmdData& entry) const {
+    const NestingGuard guard;
+    if (guard.Exhausted()) return;
+    ScopePtr locals = MakeScope();
+    BindTo(*entry.Parameters, *locals);
+    std::swap(Locals, locals);
+    run.Response = Value();
+    RunEventBody(entry);
+    std::swap(Locals, locals);
+}
+
+WordCall::WordCall(const WordPlan& plan) : name_(plan.symbol), words_(plan.arguments.Pieces()) {}
+
+bool WordCall::Run() const {
+    const xxCmdData* entry = FindPlainProcedure(name_);
+    if (entry == nullptr || !entry->Parameters->positional) return false;
+    words_.Call(*entry);
+    return true;
 }
 
 bool CallProcedureByName(std::u16string_view name) {
@@ -323,6 +377,8 @@ void RunEventBody(const xxCmdData& entry) {
     run.CurProgram = entry.Num;
     const ProgramPtr body = Programs[static_cast<std::size_t>(entry.Num)];
     auto next = static_cast<std::int32_t>(entry.FuncPnt.line);
+    if (!entry.Body) entry.Body = std::make_shared<KeptBlock>();
+    if (!run.StopFlag && !run.ReturnFlag) next = entry.Body->Run(*body, next);
     while (!run.StopFlag && static_cast<std::size_t>(next) < body->Statements.size()) {
         Statement& statement = *body->Statements[static_cast<std::size_t>(next)];
         if (statement.Kind == StatementKind::kProcedureEnd || run.ReturnFlag) break;

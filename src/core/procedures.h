@@ -7,12 +7,15 @@
 #include <vector>
 
 #include "core/names.h"
+#include "core/number_node.h"
 #include "core/run_state.h"
 #include "core/word.h"
 
 namespace velm {
 
 // The parameter list of a procedure, read from its head.
+class Scope;
+
 struct ParameterSpec {
     bool positional = false;
     bool refused = false;                   // two bracketed parameters without a particle
@@ -20,6 +23,7 @@ struct ParameterSpec {
     std::vector<std::u16string> particles;  // one a parameter; unless positional
     std::vector<std::u16string_view> particleViews;
     std::vector<Word> names;
+    bool distinct = false;  // all have names, and no two the same
     xxCmdData byParticle;  // Joshi and Flags, for calls in word form
 };
 
@@ -31,11 +35,6 @@ void RegisterProcedures(const Program& program, std::int32_t index);
 bool CallProcedureAsCommand(Symbol* name, bool withSource, Statement& statement);
 // Calls it from a word; its value is then in run.Response.
 bool CallProcedureAsWord(Symbol* name, const Word& arguments);
-// The short roads (core/short_roads.h) of a word that only a procedure knows, with constants, variables
-// and arithmetic for its parameters, and of a sentence that called a procedure with such words before.
-// false: nothing was done.
-bool TryProcedure(const WordPlan& plan);
-bool TryProcedure(const Statement& statement);
 // Runs a procedure's body with no argument binding, for events. False when there is no such procedure.
 bool CallEventProcedure(std::u16string_view name);
 // Calls the procedure of a name without words, as a sentence would.
@@ -43,5 +42,43 @@ bool CallProcedureByName(std::u16string_view name);
 
 // Where the object system notes the sender of an event while a body runs; see RunEventBody.
 void RunEventBody(const xxCmdData& entry);
+
+// The words of a compiled call.
+class CallWords {
+  public:
+    explicit CallWords(const std::vector<Word>& words);
+
+    // Calls a procedure that doesn't copy out with these words; see CallProcedureAsWord.
+    void Call(const xxCmdData& entry) const;
+
+  private:
+    struct Argument {
+        explicit Argument(const Word& theWord);
+
+        Word word;
+        Symbol* name = nullptr;           // none: the word is empty
+        const Value* constant = nullptr;  // of a word that is one
+        NumberNodePtr number;
+
+        Value Bind() const;
+    };
+    std::vector<Argument> arguments_;
+
+    void BindTo(const ParameterSpec& spec, Scope& locals) const;
+};
+
+// A compiled word that nothing but a procedure knows.
+class WordCall {
+  public:
+    explicit WordCall(const WordPlan& plan);
+
+    // CallProcedureAsWord for a procedure that takes its words by position, and doesn't copy out. false, with
+    // nothing done, for any other.
+    bool Run() const;
+
+  private:
+    Symbol* name_;
+    CallWords words_;
+};
 
 }  // namespace velm

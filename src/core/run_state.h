@@ -3,6 +3,7 @@
 #pragma once
 
 #include <atomic>
+#include <bit>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -32,17 +33,32 @@ struct Program {
     std::vector<StatementPtr> Statements;  // one a line
     std::u16string FileName;          // base name of a file added by 参照; empty: main script
     std::vector<std::int32_t> Depth;  // block depth of each line
+    std::uint64_t version = 0;        // another one after each change of lines or depths; see NewVersion
     std::uint32_t owners = 0;
 };
 inline void Destroy(Program* program) noexcept { delete program; }
 
-struct RunState {
+// To be called when the lines of a program or their depths have changed: no two states of programs ever
+// have the same version.
+inline void NewVersion(Program& program) {
+    static std::uint64_t last = 0;
+    program.version = ++last;
+}
+
+// What a statement asks of the walkers over lines.
+struct FlowFlags {
+    bool JumpFlag = false;       // a statement has set CurLine: go on behind it
+    bool ReturnFlag = false;     // leave the running procedure
+    bool LoopBreakFlag = false;  // leave the innermost loop
+    bool IfBreakFlag = false;    // leave the innermost もし block
+
+    // Whether any of them is set.
+    bool AnySet() const { return std::bit_cast<std::uint32_t>(*this) != 0; }
+};
+
+struct RunState : FlowFlags {
     std::int32_t CurLine = 0;
     std::int32_t CurProgram = 0;
-    bool JumpFlag = false;               // a statement has set CurLine: go on behind it
-    bool ReturnFlag = false;             // leave the running procedure
-    bool LoopBreakFlag = false;          // leave the innermost loop
-    bool IfBreakFlag = false;            // leave the innermost もし block
     std::atomic<bool> StopFlag = false;  // the run is to end; a signal handler may set it
     bool Exhausted = false;              // the stack was used up: nested runs end as well
     RunStatus Status = RunStatus::kIdle;

@@ -268,14 +268,16 @@ std::size_t SplitByParticles(Statement& statement, std::span<const std::u16strin
     return split.parts;
 }
 
-const std::vector<Word>* TrySplit(const Statement& statement,
-                                  std::span<const std::u16string_view> particles) {
-    const SplitCache* split = FindSplit(statement, particles);
-    if (split == nullptr || split->after != split->before) return nullptr;
-    if (split->takesWo && !statement.WoArg.IsSame(split->wo)) return nullptr;
-    if (split->takesHe && !statement.HeArg.IsSame(split->he)) return nullptr;
-    if (split->parts > 1 && !statement.Verb.IsSame(split->verb)) return nullptr;
-    return &split->found;
+const std::vector<Word>* SettledWords(const Statement& statement,
+                                      std::span<const std::u16string_view> particles) {
+    if (!statement.cache) return nullptr;
+    for (const SplitCache& cached : statement.cache->splits) {
+        const bool settled = statement.temporary ? cached.before == 0 : cached.before == cached.after;
+        if (settled && cached.after == statement.fences && SameParticles(cached, particles)) {
+            return &cached.found;
+        }
+    }
+    return nullptr;
 }
 
 const std::vector<Word>& SplitArgs(Statement& statement, const JoshiList& particles) {

@@ -31,10 +31,10 @@ StatementPtr ParseStatement(std::u16string_view line);
 std::size_t SplitByParticles(Statement& statement, std::span<const std::u16string_view> particles,
                              std::span<Word> found);
 
-// The short road of SplitByParticles (core/short_roads.h) for a statement that it would leave as it is: the
-// words, which hold until the statement is changed; nullptr when it isn't known to be such.
-const std::vector<Word>* TrySplit(const Statement& statement,
-                                  std::span<const std::u16string_view> particles);
+// The words that SplitByParticles will give each time from now on, leaving the statement as it is between two
+// runs; nullptr when that isn't known. They hold until the statement is split in another way.
+const std::vector<Word>* SettledWords(const Statement& statement,
+                                      std::span<const std::u16string_view> particles);
 
 // SplitByParticles, then the words: what the loop does with a row's particles.
 const std::vector<Word>& SplitArgs(Statement& statement, const JoshiList& particles);

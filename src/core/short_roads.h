@@ -1,10 +1,9 @@
-// Short roads. Most words and statements of a loop are numbers, variables, cells of tables and
-// arithmetic with these: they run nothing but themselves. Each function here does what the rule that it
-// names tells, in fewer steps; or it answers false with nothing done, and the rule itself is followed.
+// What the short roads share. Most words and statements of a loop are numbers, variables, cells of tables and
+// arithmetic with these: they run nothing but themselves. Beside the told rule for such words and statements
+// lies a road with fewer steps: compiled numbers (core/number_node.h), conditions and statements
+// (core/action.h). It gives what the rule gives, or answers "no" with nothing done, and the rule is followed.
 //
-// Nothing is kept between two calls: a word's plan follows from its text alone, and whether a name is a
-// variable, and where it lies, is looked up each time. With VELM_NO_CACHES no short road is taken, so
-// that the two can be compared.
+// With VELM_NO_CACHES no short road is taken, so that the two can be compared.
 #pragma once
 
 #include "core/variables.h"
@@ -30,25 +29,5 @@ inline const Value* TryValue(const WordPlan& plan) {
 inline const Value* TryValue(const Word& word) {
     return word.IsEmpty() ? nullptr : TryValue(word.Plan());
 }
-
-// EvalWord of a name with an index that reaches a number in a table whose cells are at hand.
-bool TryCell(const WordPlan& plan, double& number);
-
-// The rest of TryNumber: a cell or arithmetic.
-bool TryComputed(const WordPlan& plan, double& number);
-
-// EvalWord of a word whose value is held as a number: a number, a variable, a cell or arithmetic. The
-// number is rounded as values hold it.
-inline bool TryNumber(const Word& word, double& number) {
-    if (!kShortRoads || word.IsEmpty()) return false;
-    const WordPlan& plan = word.Plan();
-    if (plan.kind == PlanKind::kNumber) return plan.constant.IsPlainNumber(number);
-    if (plan.kind != PlanKind::kName) return TryComputed(plan, number);
-    const Value* variable = FindVariable(plan.symbol);
-    return variable != nullptr && variable->IsPlainNumber(number);
-}
-
-// AssignWord to a variable that exists, or to a cell that a number can be put in place of.
-bool TryAssign(const AssignmentTarget& target, const Word& word);
 
 }  // namespace velm

@@ -15,6 +15,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/action.h"
 #include "core/counted.h"
 #include "core/names.h"
 #include "core/word.h"
@@ -100,12 +101,15 @@ struct Statement {
     LineMark mark = LineMark::kNone;
     LoopMark loopMark = LoopMark::kUnknown;
     bool exact = false;        // the verb itself was found in Commands
+    bool compiled = false;     // action is what it can be
+    bool temporary = false;    // starts from its analysis at each run (core/temporary_sentence.h)
     std::uint32_t fences = 0;  // which state of the fences Marked is in; 0: as analysed
     std::uint32_t owners = 0;
+    ActionPtr action;  // after the first run, unless there is no shorter road
     std::unique_ptr<StatementCache> cache;
 
     Statement() = default;
-    // A copy shares nothing and has no cache.
+    // A copy shares nothing, and has neither action nor cache.
     Statement(const Statement& other);
     Statement& operator=(const Statement&) = delete;
 

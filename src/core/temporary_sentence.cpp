@@ -23,7 +23,9 @@ TemporarySentence::Instance::Instance(const Word& text)
       marked_(statement_->Marked),
       verb_(statement_->Verb),
       wo_(statement_->WoArg),
-      he_(statement_->HeArg) {}
+      he_(statement_->HeArg) {
+    if (!text.IsEmpty()) statement_->temporary = true;
+}
 
 void TemporarySentence::Instance::Renew() {
     Statement& statement = *statement_;
@@ -43,6 +45,8 @@ void TemporarySentence::Instance::Renew() {
         procedures_ = Procedures.Generation();
         statement.Kind = kind_;
         statement.FuncPnt = nullptr;
+        statement.action = ActionPtr();
+        statement.compiled = false;
     }
 }
 
@@ -55,12 +59,16 @@ void TemporarySentence::Instance::Exec() {
     ExecStatement(*statement_);
 }
 
-Statement* TemporarySentence::Instance::IfBound() const {
-    if (kind_ == StatementKind::kAssignment) return statement_.Get();
-    const bool bound = statement_->Kind == StatementKind::kCommand &&
-                       statement_->FuncPnt != nullptr && commands_ == Commands.Generation() &&
-                       procedures_ == Procedures.Generation();
-    return bound ? statement_.Get() : nullptr;
+bool TemporarySentence::Instance::TryExec() {
+    if (!statement_->action) return false;
+    if (kind_ == StatementKind::kCommand) {
+        const bool bound = commands_ == Commands.Generation() &&
+                           procedures_ == Procedures.Generation();
+        if (!bound) return false;
+        if (!statement_->exact) run.Response = Value();
+    }
+    const ActionPtr held = statement_->action;  // a sentence that runs within itself may take another one
+    return TryStatement(*statement_);
 }
 
 TemporarySentence::InstancePtr TemporarySentence::Take() {
@@ -78,11 +86,7 @@ TemporarySentence::InstancePtr TemporarySentence::Take() {
 
 bool TemporarySentence::TryRun() {
     if (text_.IsEmpty()) return true;
-    if (spare_.empty()) return false;
-    Statement* statement = spare_.back()->IfBound();
-    if (statement == nullptr) return false;
-    if (statement->Kind == StatementKind::kCommand && !statement->exact) run.Response = Value();
-    return TryStatement(*statement);
+    return !spare_.empty() && spare_.back()->TryExec();
 }
 
 void TemporarySentence::Run() {

@@ -26,8 +26,9 @@ class TemporarySentence {
         // Puts everything back to what a fresh analysis gives.
         void Renew();
         void Exec();
-        // The statement, when nothing that it is bound to has changed since it last ran; else nullptr.
-        Statement* IfBound() const;
+        // Runs the action of the statement, when it has one and nothing that it is bound to has changed since
+        // it last ran, without renewing anything; else false.
+        bool TryExec();
 
       private:
         StatementPtr statement_;
@@ -49,8 +50,8 @@ class TemporarySentence {
 
     // Runs the sentence once.
     void Run();
-    // The short road of Run (core/short_roads.h) for no sentence at all and what TryStatement takes: such a
-    // sentence leaves its statement as it found it, so that nothing needs to be renewed.
+    // Run for no sentence at all and for one with an action: such a sentence leaves its statement as it found
+    // it, so that nothing needs to be renewed. false: nothing was done.
     bool TryRun();
 
     const Word& Text() const { return text_; }

@@ -42,6 +42,10 @@ class Scope {
         locals_.emplace_back(symbol, name, std::move(value));
         return true;
     }
+    // Adds a variable of a name that isn't there yet.
+    void AddNew(Symbol* symbol, const Word& name, Value&& value) {
+        locals_.emplace_back(symbol, name, std::move(value));
+    }
     const std::vector<Local>& InOrder() const { return locals_; }
     void Clear() { locals_.clear(); }
 

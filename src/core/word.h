@@ -39,8 +39,6 @@ class Word {
     }
 
     bool IsEmpty() const { return body_ == nullptr; }
-    // Whether both are the same handle, and so have the same text.
-    bool IsSame(const Word& other) const { return body_ == other.body_; }
     const std::u16string& Text() const { return body_ == nullptr ? kEmptyText : body_->text; }
     operator std::u16string_view() const { return Text(); }
 

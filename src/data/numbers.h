@@ -71,6 +71,11 @@ inline double RoundPlaces15(double number) {
     return IsShortInteger(number) ? number + 0.0 : RoundPlacesOfFraction(number);
 }
 
+/// Both roundings, one after the other: the number of a value that takes the result of an arithmetic word.
+inline double RoundResult(double number) {
+    return IsShortInteger(number) ? number + 0.0 : RoundToText(RoundPlacesOfFraction(number));
+}
+
 /// The nearest integer, ties to the even one. Throws Failure(6) where it does not fit (or is not
 /// a number at all).
 std::int32_t ToInt32(double number);

@@ -1,0 +1,31 @@
+// The compiled index of a cell: what stands in the brackets behind the name of a table.
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+#include "core/number_node.h"
+#include "core/word.h"
+#include "data/value.h"
+
+namespace velm {
+
+class CellIndex {
+  public:
+    // depth: how many compiled words this one lies within.
+    CellIndex(const std::vector<Word>& subscript, int depth);
+
+    // What ReadIndexed and a store of a number (core/variables.h) do, where the index needs nothing run, the
+    // table's form is at hand, and the cell is there; else false, with nothing done.
+    bool Read(const Value& table, double& number) const;
+    bool Store(Value& table, double number) const;
+
+  private:
+    NumberNodePtr first_;   // none: there is no index
+    NumberNodePtr second_;  // none: one position only
+    Word key_;              // the first word, which may be a key
+
+    const Value* Key() const;
+};
+
+}  // namespace velm
