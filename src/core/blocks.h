@@ -9,6 +9,14 @@
 
 namespace velm {
 
+// What 抜ける says, read off the statement when its fences were in a certain state; the text decides what
+// that is. In another state its words are asked for, which sets the fences.
+struct LeavePlan {
+    std::uint32_t fences = 0;
+    bool RunState::*flag = nullptr;
+    Word with;
+};
+
 // Works out the block depth of each line of a program, at load. Reports error 24 for a block without
 // its end.
 void ScanBlocks(Program& program);

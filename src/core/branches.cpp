@@ -30,14 +30,6 @@ struct CasePlan {
     std::shared_ptr<TemporarySentence> sentence;  // none: the case's lines follow
 };
 
-// What 抜ける says, read off the statement when its fences were in a certain state; the text decides what
-// that is. In another state its words are asked for, which sets the fences.
-struct LeavePlan {
-    std::uint32_t fences = 0;
-    bool RunState::*flag = nullptr;
-    Word with;
-};
-
 namespace {
 
 constexpr int kNoLabel = 29;

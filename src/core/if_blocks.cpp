@@ -1,4 +1,6 @@
 // もし: the one-line forms and the blocks.
+#include "core/if_blocks.h"
+
 #include <algorithm>
 #include <memory>
 #include <optional>
@@ -11,40 +13,12 @@
 #include "core/compiled_comparison.h"
 #include "core/conditions.h"
 #include "core/diagnostics.h"
-#include "core/line_block.h"
 #include "core/short_roads.h"
 #include "core/statement.h"
 #include "core/temporary_sentence.h"
 #include "data/text.h"
 
 namespace velm {
-
-namespace {
-
-// Where the lines of a block stand, for a condition that was met at a line of a program.
-struct BlockShape {
-    std::uint64_t version = 0;  // of the program
-    std::int32_t first = -1;    // the line behind the head
-    std::int32_t depth = 0;     // of the lines where the branches part
-    std::int32_t branch = 0;    // the first of these
-    std::int32_t behind = 0;    // the first line behind the block
-    bool regular = false;       // every line up to that lies within the block
-};
-
-}  // namespace
-
-// A もし sentence cut into its parts.
-struct IfPlan {
-    int error = 0;  // 2 or 7, reported at each run
-    ConditionList condition;
-    bool inverted = false;  // でないなら
-    bool oneLine = false;
-    std::shared_ptr<TemporarySentence> thenPart;
-    std::shared_ptr<TemporarySentence> elsePart;
-    mutable BlockShape shape;  // as it was last met
-    mutable KeptBlock thenLines;
-    mutable KeptBlock elseLines;
-};
 
 namespace {
 
@@ -140,12 +114,6 @@ IfPlan PlanIf(std::u16string_view text) {
     return plan;
 }
 
-const IfPlan& PlanOf(Statement& statement, std::u16string_view text) {
-    std::shared_ptr<const IfPlan>& plan = statement.Cache().condition;
-    if (!plan) plan = std::make_shared<IfPlan>(PlanIf(text));
-    return *plan;
-}
-
 // The first line from one on where the branches of a block of this depth part, or that behind the last.
 std::int32_t FindBranch(const Program& program, std::int32_t from, std::int32_t depth) {
     auto line = static_cast<std::size_t>(from);
@@ -174,51 +142,41 @@ BlockShape FindShape(const Program& program, std::int32_t first) {
     shape.depth = inside ? around : around + 1;
     shape.branch = FindBranch(program, first, shape.depth);
     shape.behind = FindBehind(program, first, shape.depth);
-    const auto begin = program.Depth.begin();
-    shape.regular = static_cast<std::size_t>(shape.behind) < program.Depth.size() &&
-                    std::all_of(begin + first, begin + shape.behind,
-                                [&](std::int32_t depth) { return depth >= shape.depth; });
-    return shape;
-}
-
-// The shape of the block whose head is the current line.
-const BlockShape& ShapeOf(const IfPlan& plan, const Program& program) {
-    const std::int32_t first = run.CurLine + 1;
-    BlockShape& shape = plan.shape;
-    const bool known =
-        kShortRoads && shape.version == program.version && shape.first == first;
-    if (!known) shape = FindShape(program, first);
     return shape;
 }
 
 // The walk over the lines of a block: from the head to its もし終わり.
 class IfWalk {
   public:
-    IfWalk(bool condition, const ProgramPtr& program, const IfPlan& plan)
-        : program_(program),
-          plan_(plan),
-          shape_(ShapeOf(plan, *program)),
+    IfWalk(bool condition, const IfPlan& plan, std::int32_t first)
+        : program_(Programs[static_cast<std::size_t>(run.CurProgram)]),
+          shape_(ShapeOf(plan, *program_, first)),
           running_(condition),
-          line_(shape_.first) {}
+          line_(first) {}
+
+    // Goes on at a line of the branch that runs.
+    void WalkFrom(std::int32_t line) {
+        line_ = line;
+        if (IsLeaving()) {
+            Finish();
+        } else {
+            Walk();
+        }
+    }
 
     void Walk() {
-        bool leaving = running_ && LeavesLines(plan_.thenLines);
-        while (!leaving) {
+        while (true) {
             if (!running_ && !IsLeaving()) PassOver();
             if (!InProgram(line_)) {
                 RaiseError(kNoIfEnd, kIconInformation, u"", u"", -1);
                 if (nesting_.depth > kMostUnclosed) run.StopFlag = true;
                 return;
             }
-            const bool ran = running_;
             if (!Step()) break;
             ++line_;
-            leaving = IsLeaving() || (running_ && !ran && LeavesLines(plan_.elseLines));
+            if (IsLeaving()) break;
         }
-        if (run.StopFlag) return;
-        run.IfBreakFlag = false;
-        run.CurLine = BehindBlock() - 1;
-        run.JumpFlag = true;
+        Finish();
     }
 
   private:
@@ -235,7 +193,6 @@ class IfWalk {
 
     Nesting nesting_;
     ProgramPtr program_;
-    const IfPlan& plan_;  // held by whoever walks
     BlockShape shape_;
     bool running_;
     std::int32_t line_;
@@ -249,12 +206,11 @@ class IfWalk {
 
     static bool IsLeaving() { return run.StopFlag || run.ReturnFlag || run.IfBreakFlag; }
 
-    // Runs the lines of a branch from its first one on, as far as that goes; whether the block is then left.
-    bool LeavesLines(KeptBlock& lines) {
-        if (!shape_.regular || !InProgram(line_)) return false;
-        const std::int32_t first = line_;
-        line_ = lines.Run(*program_, first);
-        return line_ != first && IsLeaving();
+    void Finish() const {
+        if (run.StopFlag) return;
+        run.IfBreakFlag = false;
+        run.CurLine = BehindBlock() - 1;
+        run.JumpFlag = true;
     }
 
     // Goes on over lines that don't run to the next one where the block's branches part.
@@ -291,29 +247,18 @@ class IfWalk {
     void RunElseIf(Statement& statement);
 };
 
-// Runs what a condition's result chooses.
-void Choose(const IfPlan& plan, bool result) {
-    if (plan.oneLine) {
-        (result ? plan.thenPart : plan.elsePart)->Run();
-        return;
-    }
-    if (plan.inverted) result = !result;
-    const ProgramPtr& program = Programs[static_cast<std::size_t>(run.CurProgram)];
-    IfWalk(result, program, plan).Walk();
-}
-
 void RunPlan(const IfPlan& plan) {
     if (plan.error != 0) {
         RaiseError(plan.error, kIconWarning, u"", u"", -1);
         return;
     }
-    Choose(plan, EvalConditionList(plan.condition));
+    ChooseBranch(plan, EvalConditionList(plan.condition));
 }
 
 void IfWalk::RunElseIf(Statement& statement) {
     const std::u16string_view source = statement.Source;
     run.CurLine = line_;
-    RunPlan(PlanOf(statement, source.substr(4)));
+    RunPlan(PlanOfIf(statement, source.substr(4)));
 }
 
 // A もし sentence whose plan is made.
@@ -327,7 +272,7 @@ class If : public Action {
     bool Run(Statement& /*statement*/) const override {
         bool result = false;
         if (only_ == nullptr || !only_->Try(result)) result = EvalConditionList(plan_->condition);
-        Choose(*plan_, result);
+        ChooseBranch(*plan_, result);
         return true;
     }
 
@@ -338,13 +283,39 @@ class If : public Action {
 
 }  // namespace
 
+void ChooseBranch(const IfPlan& plan, bool result) {
+    if (plan.oneLine) {
+        (result ? plan.thenPart : plan.elsePart)->Run();
+        return;
+    }
+    if (plan.inverted) result = !result;
+    IfWalk(result, plan, run.CurLine + 1).Walk();
+}
+
+const IfPlan& PlanOfIf(Statement& statement, std::u16string_view text) {
+    std::shared_ptr<const IfPlan>& plan = statement.Cache().condition;
+    if (!plan) plan = std::make_shared<IfPlan>(PlanIf(text));
+    return *plan;
+}
+
+const BlockShape& ShapeOf(const IfPlan& plan, const Program& program, std::int32_t first) {
+    BlockShape& shape = plan.shape;
+    const bool known = kShortRoads && shape.version == program.version && shape.first == first;
+    if (!known) shape = FindShape(program, first);
+    return shape;
+}
+
+void WalkIf(const IfPlan& plan, std::int32_t first, std::int32_t line) {
+    IfWalk(true, plan, first).WalkFrom(line);
+}
+
 ActionPtr CompileIf(Statement& statement) {
     const bool planned = statement.cache != nullptr && statement.cache->condition &&
                          statement.cache->condition->error == 0;
     return planned ? ActionPtr(new If(statement.cache->condition)) : ActionPtr();
 }
 
-void ExecIf(Statement& statement) { RunPlan(PlanOf(statement, statement.WoArg)); }
+void ExecIf(Statement& statement) { RunPlan(PlanOfIf(statement, statement.WoArg)); }
 
 namespace {
 

@@ -1,16 +1,17 @@
 // 繰り返し in all its forms.
+#include "core/loops.h"
+
 #include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "core/blocks.h"
+#include "core/bytecode.h"
 #include "core/diagnostics.h"
 #include "core/eval.h"
 #include "core/hooks.h"
-#include "core/line_block.h"
 #include "core/sentence.h"
-#include "core/short_roads.h"
 #include "core/temporary_sentence.h"
 #include "core/variables.h"
 #include "data/brackets.h"
@@ -19,21 +20,9 @@
 
 namespace velm {
 
-// A loop's head cut into its words, which its text alone decides.
-struct LoopPlan {
-    enum class Fault : std::uint8_t { kNone, kMissingWords, kBadGrammar };
-
-    Fault fault = Fault::kNone;
-    bool forever = false;
-    bool bodyMissingQuotes = false;
-    Word count;
-    Word limit;
-    Word from;
-    Word counter;
-    std::shared_ptr<const AssignmentTarget> counterTarget;
-    std::shared_ptr<SentenceList> body;  // none: the body is a block
-    mutable KeptBlock lines;
-};
+LoopPlan::LoopPlan() : code(std::make_unique<KeptCode>()) {}
+LoopPlan::LoopPlan(LoopPlan&&) noexcept = default;
+LoopPlan::~LoopPlan() = default;
 
 namespace {
 
@@ -99,194 +88,192 @@ LoopPlan PlanLoop(const Statement& source) {
     return plan;
 }
 
-const LoopPlan& PlanOf(Statement& statement) {
-    std::shared_ptr<const LoopPlan>& plan = statement.Cache().loop;
-    if (!plan) plan = std::make_shared<LoopPlan>(PlanLoop(statement));
-    return *plan;
-}
-
 double WholeNumber(const Word& word) {
     const double number = EvalNumber(word);
     return static_cast<double>(ToInt32(number));
 }
 
-// One run of a loop.
-class Loop {
-  public:
-    explicit Loop(const LoopPlan& plan) : plan_(plan), forever_(plan.forever) {
-        if (!plan.count.IsEmpty()) count_ = WholeNumber(plan.count);
-        if (!plan.limit.IsEmpty()) limit_ = WholeNumber(plan.limit);
-        if (plan.counterTarget) {
-            if (kShortRoads && !plan.counterTarget->indexed) counter_ = plan.counterTarget->symbol;
-            const Word& start = plan.from.IsEmpty() ? plan.counter : plan.from;
-            SetVariable(*plan.counterTarget, Value::OfNumber(EvalNumber(start)));
-        }
-    }
+double CountOf(const Value& variable) {
+    double number = 0;
+    return variable.IsPlainNumber(number) ? number : NumberOf(variable);
+}
 
-    void Run() {
-        if (plan_.bodyMissingQuotes) {
-            RaiseError(kNoQuotes, kIconInformation, u"", u"", -1);
-        } else if (plan_.body == nullptr) {
-            RunBlock();
-        } else if (!plan_.body->IsBarred()) {
-            RunSentences();
-        }
-    }
-
-  private:
-    const LoopPlan& plan_;
-    bool forever_;
-    const Symbol* counter_ = nullptr;  // none: the counter is a cell, or there is none
-    double count_ = 0;
-    double limit_ = -1;
-    std::int32_t line_ = 0;
-
-    static bool IsLeaving() {
-        return run.StopFlag || (run.AnySet() && (run.ReturnFlag || run.LoopBreakFlag));
-    }
-
-    static double CountOf(const Value& variable) {
-        double number = 0;
-        return variable.IsPlainNumber(number) ? number : NumberOf(variable);
-    }
-
-    // Adds 1 to the counter. False when the value before that was the limit of a まで loop.
-    bool Count() {
-        double before = 0;
-        if (!plan_.counterTarget) return true;
-        // The common case, a variable that holds a number: found once, for reading and storing.
-        Value* place = counter_ == nullptr ? nullptr : FindForChange(counter_);
-        if (place != nullptr && place->IsPlainNumber(before)) {
-            place->SetHeldNumber(RoundToText(before + 1));
-        } else {
-            before = CountByRule(*plan_.counterTarget);
-        }
-        return !forever_ || before != limit_;
-    }
-
-    [[gnu::noinline]] double CountByRule(const AssignmentTarget& target) {
-        if (target.indexed) {
-            const double before = EvalNumber(plan_.counter);
-            SetVariable(target, Value::OfNumber(before + 1));
-            return before;
-        }
-        const Value* variable = FindVariable(target.symbol);
-        const double before = variable == nullptr ? 0 : CountOf(*variable);
-        StoreNumber(target, before + 1);
+double CountByRule(const LoopPlan& plan, const AssignmentTarget& target) {
+    if (target.indexed) {
+        const double before = EvalNumber(plan.counter);
+        SetVariable(target, Value::OfNumber(before + 1));
         return before;
     }
+    const Value* variable = FindVariable(target.symbol);
+    const double before = variable == nullptr ? 0 : CountOf(*variable);
+    StoreNumber(target, before + 1);
+    return before;
+}
 
-    // What stands between two passes; false when there is no next one.
-    bool EndPass() {
-        if (forever_) PumpEvents();
-        if (IsLeaving()) return false;
-        return Count();
+bool InProgram(const Program& program, std::int32_t line) {
+    return static_cast<std::size_t>(line) < program.Statements.size();
+}
+
+Statement& LineOf(const Program& program, std::int32_t line) {
+    return *program.Statements[static_cast<std::size_t>(line)];
+}
+
+bool IsProcedureEnd(const Program& program, std::int32_t line) {
+    return !InProgram(program, line) ||
+           LineOf(program, line).Kind == StatementKind::kProcedureEnd;
+}
+
+bool IsEnding(const Program& program, std::int32_t line) {
+    return run.StopFlag || IsProcedureEnd(program, line);
+}
+
+// Whether another pass is to be made.
+bool HasPass(const LoopState& state) { return state.forever || state.pass < state.count; }
+
+// What stands between two passes; false when there is no next one.
+bool EndPass(const LoopPlan& plan, LoopState& state, bool leftAtEnd) {
+    if (state.forever) PumpEvents();
+    if (IsLeavingLoop() || leftAtEnd || !CountPass(plan, state)) return false;
+    ++state.pass;
+    return HasPass(state);
+}
+
+// Walks over the lines of the body from one on, and returns the line behind it. Kept: when the loop is left,
+// the rest is passed over to the first line that ends a loop.
+std::int32_t WalkBody(const Program& program, std::int32_t first, std::int32_t line) {
+    while ((line == first && !run.StopFlag) || !IsEnding(program, line)) {
+        run.CurLine = line;
+        Statement& statement = LineOf(program, line);
+        if (statement.VerbMark() == LoopMark::kLoopEnd) break;
+        if (!run.ReturnFlag && !run.LoopBreakFlag) RunLine(statement, line);
+        ++line;
+        if (IsEnding(program, line)) break;
     }
+    return line;
+}
 
-    void RunSentences() {
-        std::vector<TemporarySentence>& sentences = plan_.body->All();
-        std::vector<TemporarySentence::InstancePtr> ready;
-        ready.reserve(sentences.size());
-        for (TemporarySentence& sentence : sentences) ready.push_back(sentence.Take());
-        for (double pass = 0; forever_ || pass < count_; ++pass) {
-            for (const TemporarySentence::InstancePtr& sentence : ready) {
-                if (!run.StopFlag) sentence->Exec();
-            }
-            if (!EndPass()) break;
+// The run goes on behind CurLine: behind the loop's end, but at a 終わり itself, which ends the procedure that
+// the loop stands in.
+void GoOnBehind(std::int32_t line, bool leftAtEnd) {
+    if (run.StopFlag) return;
+    run.CurLine = leftAtEnd ? line - 1 : line;
+    run.JumpFlag = true;
+}
+
+// The passes of a loop whose body is the lines from first on. Kept: with a negative count no pass and no scan
+// is made, so that the run goes on from the start.
+void RunBlock(const LoopPlan& plan, LoopState& state, const Program& program,
+              std::int32_t first) {
+    if (!state.forever && state.count == 0) {
+        GoOnBehind(EndOfBody(program, first), false);
+        return;
+    }
+    std::int32_t line = 0;
+    bool leftAtEnd = false;
+    for (bool more = HasPass(state); more; more = EndPass(plan, state, leftAtEnd)) {
+        line = first;
+        if (const Bytecode* code = plan.code->Of(program, first, &plan)) {
+            const CodeResult result = RunCode(*code, program, state);
+            line = result.line;
+            leftAtEnd = false;
+            if (result.end == CodeResult::End::kDone) break;
         }
-        for (std::size_t i = 0; i < ready.size(); ++i) sentences[i].Return(std::move(ready[i]));
+        if (InProgram(program, first)) line = WalkBody(program, first, line);
+        leftAtEnd = IsProcedureEnd(program, line);
     }
+    GoOnBehind(line, leftAtEnd);
+}
 
-    static bool InProgram(const Program& program, std::int32_t line) {
-        return static_cast<std::size_t>(line) < program.Statements.size();
+// The passes of a loop whose body is the text of sentences.
+void RunSentences(const LoopPlan& plan, LoopState& state) {
+    std::vector<TemporarySentence>& sentences = plan.body->All();
+    std::vector<TemporarySentence::InstancePtr> ready;
+    ready.reserve(sentences.size());
+    for (TemporarySentence& sentence : sentences) ready.push_back(sentence.Take());
+    for (bool more = HasPass(state); more; more = EndPass(plan, state, false)) {
+        for (const TemporarySentence::InstancePtr& sentence : ready) {
+            if (!run.StopFlag) sentence->Exec();
+        }
     }
-    static Statement& LineOf(const Program& program, std::int32_t line) {
-        return *program.Statements[static_cast<std::size_t>(line)];
-    }
-    static bool IsProcedureEnd(const Program& program, std::int32_t line) {
-        return !InProgram(program, line) ||
-               LineOf(program, line).Kind == StatementKind::kProcedureEnd;
-    }
+    for (std::size_t i = 0; i < ready.size(); ++i) sentences[i].Return(std::move(ready[i]));
+}
 
-    // Kept: with a negative count no pass and no scan is made, so that the run goes on from the start.
-    void RunBlock() {
+void RunLoop(const LoopPlan& plan) {
+    LoopState state = BeginLoop(plan);
+    if (plan.bodyMissingQuotes) {
+        RaiseError(kNoQuotes, kIconInformation, u"", u"", -1);
+    } else if (plan.body == nullptr) {
         const ProgramPtr program = Programs[static_cast<std::size_t>(run.CurProgram)];
-        const std::int32_t first = run.CurLine + 1;
-        bool leftAtEnd = false;
-        if (!forever_ && count_ == 0) {
-            line_ = EndOfBody(*program, first);
-        } else {
-            const LineBlock* block = plan_.lines.At(*program, first);
-            for (double pass = 0; forever_ || pass < count_; ++pass) {
-                leftAtEnd = RunPass(*program, first, block);
-                if (forever_) PumpEvents();
-                if (IsLeaving() || leftAtEnd || !Count()) break;
-            }
-        }
-        if (run.StopFlag) return;
-        // The run goes on behind CurLine: behind the loop's end, but at a 終わり itself, which ends the
-        // procedure that the loop stands in.
-        run.CurLine = leftAtEnd ? line_ - 1 : line_;
-        run.JumpFlag = true;
+        RunBlock(plan, state, *program, run.CurLine + 1);
+    } else if (!plan.body->IsBarred()) {
+        RunSentences(plan, state);
     }
-
-    // Runs the body once; whether that came to the end of the procedure.
-    bool RunPass(const Program& program, std::int32_t first, const LineBlock* block) {
-        const std::int32_t line = block == nullptr ? first : block->Run();
-        if (block != nullptr && block->EndsAtLoopEnd(line)) {
-            run.CurLine = line_ = line;
-            return false;
-        }
-        line_ = InProgram(program, first) ? WalkOn(program, first, line) : first;
-        return IsProcedureEnd(program, line_);
-    }
-
-    // Walks over the lines of the body from one on, and returns the line behind it. Kept: when the loop is
-    // left, the rest is passed over to the first line that ends a loop.
-    static std::int32_t WalkOn(const Program& program, std::int32_t first, std::int32_t line) {
-        while (line == first || !IsEnding(program, line)) {
-            run.CurLine = line;
-            Statement& statement = LineOf(program, line);
-            if (statement.VerbMark() == LoopMark::kLoopEnd) break;
-            if (!run.ReturnFlag && !run.LoopBreakFlag) RunLine(statement, line);
-            ++line;
-            if (IsEnding(program, line)) break;
-        }
-        return line;
-    }
-    static bool IsEnding(const Program& program, std::int32_t line) {
-        return run.StopFlag || IsProcedureEnd(program, line);
-    }
-
-    // Where the body of a loop that makes no pass ends.
-    static std::int32_t EndOfBody(const Program& program, std::int32_t first) {
-        std::int32_t nesting = 0;
-        std::int32_t line = first;
-        for (; InProgram(program, line); ++line) {
-            const LoopMark mark = LineOf(program, line).VerbMark();
-            if (mark == LoopMark::kLoopEnd) {
-                if (nesting == 0) return line;
-                --nesting;
-            } else if (mark == LoopMark::kLoopHead) {
-                ++nesting;
-            }
-        }
-        return line - 1;
-    }
-};
+}
 
 }  // namespace
+
+const LoopPlan& PlanOfLoop(Statement& statement) {
+    std::shared_ptr<const LoopPlan>& plan = statement.Cache().loop;
+    if (!plan) plan = std::make_shared<LoopPlan>(PlanLoop(statement));
+    return *plan;
+}
+
+LoopState BeginLoop(const LoopPlan& plan) {
+    LoopState state;
+    state.forever = plan.forever;
+    if (!plan.count.IsEmpty()) state.count = WholeNumber(plan.count);
+    if (!plan.limit.IsEmpty()) state.limit = WholeNumber(plan.limit);
+    if (plan.counterTarget) {
+        const Word& start = plan.from.IsEmpty() ? plan.counter : plan.from;
+        SetVariable(*plan.counterTarget, Value::OfNumber(EvalNumber(start)));
+    }
+    return state;
+}
+
+bool CountPass(const LoopPlan& plan, const LoopState& state) {
+    if (!plan.counterTarget) return true;
+    const double before = CountByRule(plan, *plan.counterTarget);
+    return !state.forever || before != state.limit;
+}
+
+void WalkLoop(const LoopPlan& plan, LoopState state, const Program& program, std::int32_t first,
+              std::int32_t line) {
+    bool leftAtEnd = false;
+    while (true) {
+        line = WalkBody(program, first, line);
+        leftAtEnd = IsProcedureEnd(program, line);
+        if (!EndPass(plan, state, leftAtEnd)) break;
+        line = first;
+    }
+    GoOnBehind(line, leftAtEnd);
+    run.LoopBreakFlag = false;
+}
+
+std::int32_t EndOfBody(const Program& program, std::int32_t first) {
+    std::int32_t nesting = 0;
+    std::int32_t line = first;
+    for (; InProgram(program, line); ++line) {
+        const LoopMark mark = LineOf(program, line).VerbMark();
+        if (mark == LoopMark::kLoopEnd) {
+            if (nesting == 0) return line;
+            --nesting;
+        } else if (mark == LoopMark::kLoopHead) {
+            ++nesting;
+        }
+    }
+    return line - 1;
+}
 
 void CmdRepeat(Statement& statement, Context& /*context*/) {
     run.ReturnFlag = false;
     run.LoopBreakFlag = false;
-    const LoopPlan& plan = PlanOf(statement);
+    const LoopPlan& plan = PlanOfLoop(statement);
     if (plan.fault == LoopPlan::Fault::kMissingWords) {
         RaiseError(kMissingWords, kIconInformation, u"", u"", -1);
     } else if (plan.fault == LoopPlan::Fault::kBadGrammar) {
         RaiseMessage(kBadGrammarText, kBadGrammar, kIconInformation, u"", u"", -1);
     } else {
-        Loop(plan).Run();
+        RunLoop(plan);
     }
     run.LoopBreakFlag = false;
 }

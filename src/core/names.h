@@ -18,7 +18,7 @@
 namespace velm {
 
 class Arguments;
-class KeptBlock;
+class KeptCode;
 class WordPlan;
 struct Context;
 struct ParameterSpec;
@@ -53,8 +53,8 @@ struct xxCmdData {
     JoshiList Joshi;
     // Procedures: the parameter list as read from Value, made at the first call.
     std::shared_ptr<const ParameterSpec> Parameters;
-    // Procedures: the lines of the body, found at the first call (core/line_block.h).
-    mutable std::shared_ptr<KeptBlock> Body;
+    // Procedures: the code of the body (core/bytecode.h).
+    mutable std::shared_ptr<KeptCode> Code;
     // Whether a sentence or word has used the row in this process; kept for the tests' coverage.
     bool used = false;
 };

@@ -9,10 +9,10 @@
 #include <utility>
 
 #include "core/action.h"
+#include "core/bytecode.h"
 #include "core/diagnostics.h"
 #include "core/eval.h"
 #include "core/execute.h"
-#include "core/line_block.h"
 #include "core/sentence.h"
 #include "core/short_roads.h"
 #include "core/stack_guard.h"
@@ -370,21 +370,35 @@ bool CallEventProcedure(std::u16string_view name) {
     return true;
 }
 
+namespace {
+
+// Runs the lines of a body from one on, by its code as far as that goes.
+void RunLines(const xxCmdData& entry, const Program& body, std::int32_t next) {
+    if (!entry.Code) entry.Code = std::make_shared<KeptCode>();
+    const bool running = !run.StopFlag && !run.ReturnFlag;
+    const Bytecode* code = running ? entry.Code->Of(body, next, nullptr) : nullptr;
+    if (code != nullptr) {
+        const CodeResult result = RunCode(*code, body);
+        if (result.end == CodeResult::End::kReturned) return;
+        next = result.line;
+    }
+    while (!run.StopFlag && static_cast<std::size_t>(next) < body.Statements.size()) {
+        Statement& statement = *body.Statements[static_cast<std::size_t>(next)];
+        if (statement.Kind == StatementKind::kProcedureEnd || run.ReturnFlag) break;
+        RunLine(statement, next);
+        ++next;
+    }
+}
+
+}  // namespace
+
 void RunEventBody(const xxCmdData& entry) {
     const std::int32_t line = run.CurLine;
     const std::int32_t program = run.CurProgram;
     const ErrorModes errorMode = run.ErrorMode;
     run.CurProgram = entry.Num;
     const ProgramPtr body = Programs[static_cast<std::size_t>(entry.Num)];
-    auto next = static_cast<std::int32_t>(entry.FuncPnt.line);
-    if (!entry.Body) entry.Body = std::make_shared<KeptBlock>();
-    if (!run.StopFlag && !run.ReturnFlag) next = entry.Body->Run(*body, next);
-    while (!run.StopFlag && static_cast<std::size_t>(next) < body->Statements.size()) {
-        Statement& statement = *body->Statements[static_cast<std::size_t>(next)];
-        if (statement.Kind == StatementKind::kProcedureEnd || run.ReturnFlag) break;
-        RunLine(statement, next);
-        ++next;
-    }
+    RunLines(entry, *body, static_cast<std::int32_t>(entry.FuncPnt.line));
     run.ReturnFlag = false;
     run.ErrorMode = errorMode;
     if (run.StopFlag) return;  // the line stays, so that the place of the stop can be told

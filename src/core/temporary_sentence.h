@@ -29,6 +29,7 @@ class TemporarySentence {
         // Runs the action of the statement, when it has one and nothing that it is bound to has changed since
         // it last ran, without renewing anything; else false.
         bool TryExec();
+        Statement* Get() const { return statement_.Get(); }
 
       private:
         StatementPtr statement_;
@@ -55,6 +56,8 @@ class TemporarySentence {
     bool TryRun();
 
     const Word& Text() const { return text_; }
+    // The statement of a copy that has run; nullptr when there is none.
+    Statement* Bound() const { return spare_.empty() ? nullptr : spare_.back()->Get(); }
 
   private:
     Word text_;

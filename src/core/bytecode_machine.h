@@ -1,0 +1,92 @@
+// The frame of a running bytecode, and the operations that the compiler chooses from.
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "core/bytecode.h"
+#include "core/operators.h"
+#include "data/value.h"
+
+namespace velm {
+
+// Where an operand is: a slot (a variable), a register, or the number of the operation.
+enum class OperandMode : std::uint8_t { kSlot, kRegister, kConstant };
+
+struct Frame {
+    Frame(const Bytecode& theCode, const Program& theProgram)
+        : code(theCode), program(theProgram) {}
+
+    const Bytecode& code;
+    const Program& program;
+    std::array<Value*, Bytecode::kMostSlots> slots;
+    std::array<double, Bytecode::kMostRegisters> registers;
+    std::array<LoopState, Bytecode::kMostLoops> loops;
+    CodeResult result;
+    // The variables as they were when the slots were filled.
+    std::uint64_t globals = 0;
+    const Scope* locals = nullptr;
+    std::size_t localCount = 0;
+
+    // Looks the variables up. One that there isn't gets a place that holds no number.
+    void FillSlots();
+    bool AreSlotsValid() const {
+        if (Globals.Generation() != globals || Locals.Get() != locals) return false;
+        return !Locals || (Locals->InOrder().size() == localCount && !Locals.IsShared());
+    }
+    // To be called when a script may have run.
+    void Refresh() {
+        if (!AreSlotsValid()) FillSlots();
+    }
+    // What stands in the slot of a name that is no variable.
+    static Value noVariable;
+};
+
+// What the operations do. a, b and c are members of Op: slots and registers, or operations to go on at. An
+// operation on numbers that meets anything else hands its line over to the told rule.
+namespace ops {
+
+// register c = a op b; slot c = a op b, rounded as the result of an assignment.
+OpHandler Arithmetic(Operator op, OperandMode a, OperandMode b);
+OpHandler ArithmeticToSlot(Operator op, OperandMode a, OperandMode b);
+// register c = a; slot c = a, rounded; slot c = *constant; slot c = slot a, whatever it holds.
+OpHandler Load(OperandMode a);
+OpHandler Store(OperandMode a);
+OpHandler CopyConstant();
+OpHandler CopySlot();
+// register c = register a, rounded as the value of an arithmetic word.
+OpHandler Round();
+// Goes on at c unless a and b compare so. What isn't two numbers is compared as TestConditions does.
+OpHandler CompareNumbers(int code, OperandMode a, OperandMode b);
+// Goes on at data->onTrue or data->onFalse, as the conditions of data->condition tell.
+OpHandler TestConditions();
+// register c = a cell of the table in slot b, and the store of c to one. The index is a; that of a row, where
+// there is one, is data->onTrue.
+OpHandler ReadCell(OperandMode index);
+OpHandler ReadRowCell(OperandMode row, OperandMode column);
+OpHandler StoreCell(OperandMode index, OperandMode value);
+OpHandler StoreRowCell(OperandMode row, OperandMode column);
+// register c = the number of data->word, which may run anything; slot b is looked at before, unless it is -1.
+OpHandler LoadWord();
+// The variable of data->target = register a, rounded, also where there is no such variable yet.
+OpHandler StoreByRule();
+OpHandler Jump();
+// Runs the line by the told rule.
+OpHandler RunLine();
+// The loop of level a: its beginning, what stands between two passes (the counter is slot b, unless it is -1),
+// and leaving it.
+OpHandler BeginLoop();
+OpHandler EndPass();
+OpHandler LeaveLoop();
+// 抜ける out of the procedure, with register a, slot a, *constant, data->word, or nothing.
+OpHandler ReturnRegister();
+OpHandler ReturnSlot();
+OpHandler ReturnConstant();
+OpHandler ReturnWord();
+OpHandler ReturnNothing();
+// The end of a procedure's body; the walk goes on at line a.
+OpHandler End();
+
+}  // namespace ops
+
+}  // namespace velm
