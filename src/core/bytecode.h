@@ -70,6 +70,9 @@ struct OpData {
     std::shared_ptr<const WordCall> call;
     std::shared_ptr<const AssignmentTarget> target;
     StatementPtr statement;
+    // Of a sentence whose verb isn't a keyword itself: Generation() of Commands and of Procedures.
+    std::uint64_t commands = 0;
+    std::uint64_t procedures = 0;
 };
 
 struct Op {
@@ -77,6 +80,7 @@ struct Op {
     int a = 0;  // slots, registers or operations
     int b = 0;
     int c = 0;
+    int d = 0;
     int line = 0;  // the CodeLine that it belongs to
     double number = 0;
     const Value* constant = nullptr;

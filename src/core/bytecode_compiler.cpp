@@ -182,6 +182,7 @@ class Compiler {
 
     void If(Statement& statement, int line);
     void Branch(TemporarySentence& sentence, int line);
+    void CheckBinding(int line);
     void Block(const IfPlan& plan, std::int32_t number, int line);
     // Falls through where the condition holds; the operations that go elsewhere are added to whenFalse.
     void Condition(const IfPlan& plan, std::int32_t number, int line, std::vector<int>& whenFalse);
@@ -496,7 +497,8 @@ void Compiler::Branch(TemporarySentence& sentence, int line) {
         if (parsed->Kind == StatementKind::kAssignment) {
             code_.sentences.push_back(parsed);
             Assignment(*parsed, own);
-        } else if (bound != nullptr && bound->FuncPnt == CmdLeave && bound->exact) {
+        } else if (bound != nullptr && bound->FuncPnt == CmdLeave) {
+            if (!bound->exact) CheckBinding(own);
             Leave(*bound, own);
         } else {
             if (bound == nullptr) code_.settled = false;
@@ -504,6 +506,12 @@ void Compiler::Branch(TemporarySentence& sentence, int line) {
         }
     });
     LineOf(own).next = Here();
+}
+
+void Compiler::CheckBinding(int line) {
+    OpData& data = AddData(Emit(ops::CheckBinding(), line));
+    data.commands = Commands.Generation();
+    data.procedures = Procedures.Generation();
 }
 
 void Compiler::Patch(const std::vector<int>& jumps) {
@@ -693,12 +701,17 @@ void Compiler::LoopBody(int level, std::int32_t first) {
     LevelOf(level).begin = Here();
     if (Lines(first, level) != end) throw NotCompiled();
     LevelOf(level).passEnd = Here();
-    const bool counts = plan.counterTarget && !plan.counterTarget->indexed &&
-                        plan.counterTarget->symbol != nullptr;
-    const int counter = counts ? Slot(plan.counterTarget->symbol) : -1;
-    Op& op = Emit(ops::EndPass(), LevelOf(level).head);
+    int counter = ops::kNoCounter;
+    if (plan.counterTarget) {
+        const AssignmentTarget& target = *plan.counterTarget;
+        const bool plain = !target.indexed && !target.unclosed && target.symbol != nullptr;
+        counter = plain ? Slot(target.symbol) : ops::kCounterByRule;
+    }
+    Op& op = Emit(ops::EndPass(), end);
     op.a = level;
     op.b = counter;
+    op.c = LevelOf(level).state;
+    op.d = LevelOf(level).passEnd - LevelOf(level).begin;
     LevelOf(level).behind = Here();
 }
 

@@ -313,6 +313,14 @@ const Op* RunLineOp(const Op& op, Frame& frame) {
     return RunByRule(LineAt(frame, op.line), frame);
 }
 
+const Op* CheckBindingOp(const Op& op, Frame& frame) {
+    const bool bound = op.data->commands == Commands.Generation() &&
+                       op.data->procedures == Procedures.Generation();
+    if (!bound) return RunByRule(LineAt(frame, op.line), frame);
+    run.Response = Value();
+    return &op + 1;
+}
+
 const CodeLevel& LevelOf(const Op& op, const Frame& frame) {
     return frame.code.levels[static_cast<std::size_t>(op.a)];
 }
@@ -354,31 +362,13 @@ const Op* BeginLoopOp(const Op& op, Frame& frame) {
     return GoOnBehind(frame, &head);
 }
 
-// Counts a counter that is a variable and holds a number; else by the told rule.
-bool Count(const Op& op, const CodeLevel& level, const LoopState& state, Frame& frame) {
-    if (!level.loop->counterTarget) return true;
-    double before = 0;
-    Value* counter = op.b < 0 ? nullptr : SlotOf(frame, op.b);
-    if (counter != nullptr && counter->IsPlainNumber(before)) {
-        counter->SetHeldNumber(RoundToText(before + 1));
-        return !state.forever || before != state.limit;
-    }
-    const bool more = CountPass(*level.loop, state);
-    frame.Refresh();
-    return more;
-}
-
-const Op* EndPassOp(const Op& op, Frame& frame) {
+// What stands between two passes, for whatever counter and flags.
+[[gnu::noinline]] const Op* EndPassByRule(const Op& op, Frame& frame) {
     const CodeLevel& level = LevelOf(op, frame);
-    LoopState& state = frame.loops[static_cast<std::size_t>(level.state)];
-    run.CurLine = level.end;
-    if (state.forever && hooks.PumpEvents != nullptr) {
-        hooks.PumpEvents();
-        frame.Refresh();
-    }
+    LoopState& state = frame.loops[static_cast<std::size_t>(op.c)];
     if (IsLeavingLoop()) return BehindLoop(level, frame);
     bool more = false;
-    const auto count = [&] { more = Count(op, level, state, frame); };
+    const auto count = [&] { more = CountPass(*level.loop, state); };
     if (level.parent < 0) {
         count();
     } else if (!Attempt(count)) {
@@ -386,9 +376,30 @@ const Op* EndPassOp(const Op& op, Frame& frame) {
         pendingFailure.Clear();
         return GoOnBehind(frame, &LineAt(frame, level.head));
     }
+    frame.Refresh();
     ++state.pass;
-    if (more && (state.forever || state.pass < state.count)) return OpAt(frame, level.begin);
+    if (more && (state.forever || state.pass < state.count)) return &op - op.d;
     return BehindLoop(level, frame);
+}
+
+const Op* EndPassOp(const Op& op, Frame& frame) {
+    LoopState& state = frame.loops[static_cast<std::size_t>(op.c)];
+    run.CurLine = op.line;
+    if (state.forever && hooks.PumpEvents != nullptr) {
+        hooks.PumpEvents();
+        frame.Refresh();
+    }
+    if (!IsQuiet() || op.b == ops::kCounterByRule) [[unlikely]] return EndPassByRule(op, frame);
+    if (op.b != ops::kNoCounter) {
+        double before = 0;
+        Value* counter = SlotOf(frame, op.b);
+        if (!counter->IsPlainNumber(before)) [[unlikely]] return EndPassByRule(op, frame);
+        counter->SetHeldNumber(RoundToText(before + 1));
+        if (state.forever && before == state.limit) return BehindLoop(LevelOf(op, frame), frame);
+    }
+    ++state.pass;
+    if (state.forever || state.pass < state.count) [[likely]] return &op - op.d;
+    return BehindLoop(LevelOf(op, frame), frame);
 }
 
 const Op* LeaveLoopOp(const Op& op, Frame& frame) {
@@ -565,6 +576,7 @@ OpHandler LoadWord() { return LoadWordOp; }
 OpHandler StoreByRule() { return StoreByRuleOp; }
 OpHandler Jump() { return JumpOp; }
 OpHandler RunLine() { return RunLineOp; }
+OpHandler CheckBinding() { return CheckBindingOp; }
 OpHandler BeginLoop() { return BeginLoopOp; }
 OpHandler EndPass() { return EndPassOp; }
 OpHandler LeaveLoop() { return LeaveLoopOp; }

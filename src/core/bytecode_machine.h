@@ -73,8 +73,12 @@ OpHandler StoreByRule();
 OpHandler Jump();
 // Runs the line by the told rule.
 OpHandler RunLine();
-// The loop of level a: its beginning, what stands between two passes (the counter is slot b, unless it is -1),
-// and leaving it.
+// Does so when commands or procedures have been added; else clears Response, as looking the verb up does.
+OpHandler CheckBinding();
+// The loop of level a: its beginning, leaving it, and what stands between two passes: its state is that of
+// number c, its body begins d operations before, and the counter is slot b, or none or one for the told rule.
+inline constexpr int kNoCounter = -1;
+inline constexpr int kCounterByRule = -2;
 OpHandler BeginLoop();
 OpHandler EndPass();
 OpHandler LeaveLoop();

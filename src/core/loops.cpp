@@ -219,8 +219,7 @@ const LoopPlan& PlanOfLoop(Statement& statement) {
 }
 
 LoopState BeginLoop(const LoopPlan& plan) {
-    LoopState state;
-    state.forever = plan.forever;
+    LoopState state{plan.forever, 0, -1, 0};
     if (!plan.count.IsEmpty()) state.count = WholeNumber(plan.count);
     if (!plan.limit.IsEmpty()) state.limit = WholeNumber(plan.limit);
     if (plan.counterTarget) {

@@ -39,11 +39,12 @@ struct LoopPlan {
 // The plan of a sentence of 繰り返し.
 const LoopPlan& PlanOfLoop(Statement& statement);
 
+// The state of a run of a loop; BeginLoop gives the first one.
 struct LoopState {
-    bool forever = false;
-    double count = 0;
-    double limit = -1;
-    double pass = 0;
+    bool forever;
+    double count;  // of passes
+    double limit;  // of the counter
+    double pass;
 };
 
 // Evaluates the words of the head and sets the counter.

@@ -59,6 +59,7 @@ class CallWords {
         Symbol* name = nullptr;           // none: the word is empty
         const Value* constant = nullptr;  // of a word that is one
         NumberNodePtr number;
+        const NumberNode* sum = nullptr;  // of an arithmetic word
 
         Value Bind() const;
     };

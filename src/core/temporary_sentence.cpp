@@ -59,14 +59,14 @@ void TemporarySentence::Instance::Exec() {
     ExecStatement(*statement_);
 }
 
+bool TemporarySentence::Instance::IsBound() const {
+    return kind_ != StatementKind::kCommand || (commands_ == Commands.Generation() &&
+                                                procedures_ == Procedures.Generation());
+}
+
 bool TemporarySentence::Instance::TryExec() {
-    if (!statement_->action) return false;
-    if (kind_ == StatementKind::kCommand) {
-        const bool bound = commands_ == Commands.Generation() &&
-                           procedures_ == Procedures.Generation();
-        if (!bound) return false;
-        if (!statement_->exact) run.Response = Value();
-    }
+    if (!statement_->action || !IsBound()) return false;
+    if (kind_ == StatementKind::kCommand && !statement_->exact) run.Response = Value();
     const ActionPtr held = statement_->action;  // a sentence that runs within itself may take another one
     return TryStatement(*statement_);
 }

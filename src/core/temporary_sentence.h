@@ -29,7 +29,7 @@ class TemporarySentence {
         // Runs the action of the statement, when it has one and nothing that it is bound to has changed since
         // it last ran, without renewing anything; else false.
         bool TryExec();
-        Statement* Get() const { return statement_.Get(); }
+        Statement* IfBound() const { return IsBound() ? statement_.Get() : nullptr; }
 
       private:
         StatementPtr statement_;
@@ -41,6 +41,8 @@ class TemporarySentence {
         std::uint64_t commands_ = 0;
         std::uint64_t procedures_ = 0;
         bool renewed_ = false;
+
+        bool IsBound() const;
     };
 
     using InstancePtr = std::unique_ptr<Instance>;
@@ -56,8 +58,8 @@ class TemporarySentence {
     bool TryRun();
 
     const Word& Text() const { return text_; }
-    // The statement of a copy that has run; nullptr when there is none.
-    Statement* Bound() const { return spare_.empty() ? nullptr : spare_.back()->Get(); }
+    // The statement of a copy that has run, when nothing that it is bound to has changed since; else nullptr.
+    Statement* Bound() const { return spare_.empty() ? nullptr : spare_.back()->IfBound(); }
 
   private:
     Word text_;
