@@ -1,9 +1,10 @@
-# Libraries that the engine's platform layer needs; each is optional at configure time only when
-# its service can say at run time that it is missing.
+# Libraries that the engine's platform layer needs. Those of packages are loaded at their first use
+# (src/platform/posix/late_library.h): at build time their headers do, and nothing is linked.
 add_library(velm_libraries INTERFACE)
 find_package(Threads REQUIRED)
-pkg_check_modules(PCRE2 REQUIRED IMPORTED_TARGET libpcre2-16)
-pkg_check_modules(FFI REQUIRED IMPORTED_TARGET libffi)
-pkg_check_modules(SQLITE REQUIRED IMPORTED_TARGET sqlite3)
-target_link_libraries(velm_libraries INTERFACE PkgConfig::PCRE2 PkgConfig::FFI PkgConfig::SQLITE
-    ${CMAKE_DL_LIBS})
+pkg_check_modules(PCRE2 REQUIRED libpcre2-16)
+pkg_check_modules(FFI REQUIRED libffi)
+pkg_check_modules(SQLITE REQUIRED sqlite3)
+target_include_directories(velm_libraries SYSTEM INTERFACE ${PCRE2_INCLUDE_DIRS} ${FFI_INCLUDE_DIRS}
+    ${SQLITE_INCLUDE_DIRS})
+target_link_libraries(velm_libraries INTERFACE ${CMAKE_DL_LIBS})

@@ -65,6 +65,7 @@ inline constexpr std::size_t kTableKinds = 5;
 // An interned name.
 struct Symbol {
     std::u16string key;  // the folded name
+    std::size_t hash = 0;
     std::array<xxCmdData*, kTableKinds> entries = {};
 
     xxCmdData* Entry(TableKind kind) const { return entries[static_cast<std::size_t>(kind)]; }
@@ -89,33 +90,49 @@ class NameTable {
     xxCmdData* Find(std::u16string_view name) const { return Find(FindSymbol(name)); }
     // Adds an entry under a key that the table doesn't hold; nullptr when it does.
     xxCmdData* Add(Symbol* key, xxCmdData entry);
+    // The same with an empty entry, to be filled in its place.
+    xxCmdData* Add(Symbol* key);
     void Remove(Symbol* key);
     void Clear();
 
-    // The entries in order. An entry that was removed is left out; it lives on until Clear.
+    // The entries in order. An entry that was removed is left out; it lives on until Clear, since a
+    // removed procedure may still be running.
     const std::vector<xxCmdData*>& InOrder() const { return order_; }
     // Grows with each change of the table's keys: what was bound by a search must be searched again.
     std::uint64_t Generation() const { return generation_; }
 
   private:
-    struct Slot {
-        Symbol* key;
-        std::unique_ptr<xxCmdData> entry;
-    };
-
     TableKind kind_;
-    std::vector<Slot> slots_;
+    std::deque<xxCmdData> entries_;
+    std::vector<Symbol*> keys_;  // of the entries in order
     std::vector<xxCmdData*> order_;
-    std::vector<std::unique_ptr<xxCmdData>> removed_;  // a removed procedure may still be running
     std::uint64_t generation_ = 1;
 };
 
+// A table of the process. At the end it goes with the process's memory: to free hundreds of entries one
+// by one would cost a short run more than its own work.
+union ProcessTable {
+    explicit ProcessTable(TableKind kind) : table(kind) {}
+    ProcessTable(const ProcessTable&) = delete;
+    ProcessTable& operator=(const ProcessTable&) = delete;
+    ~ProcessTable() {}
+
+    NameTable table;
+};
+namespace process_table {
+extern ProcessTable commands;
+extern ProcessTable functions;
+extern ProcessTable settingWords;
+extern ProcessTable procedures;
+extern ProcessTable globals;
+}  // namespace process_table
+
 // The tables that live as long as the process, and those of a run.
-extern NameTable Commands;
-extern NameTable Functions;
-extern NameTable SettingWords;
-extern NameTable Procedures;
-extern NameTable Globals;
+inline constexpr NameTable& Commands = process_table::commands.table;
+inline constexpr NameTable& Functions = process_table::functions.table;
+inline constexpr NameTable& SettingWords = process_table::settingWords.table;
+inline constexpr NameTable& Procedures = process_table::procedures.table;
+inline constexpr NameTable& Globals = process_table::globals.table;
 
 // Enters one row: names is cut at ",", every name becomes an entry of its own with the same values.
 // When particles is not empty and argumentCount is 0, the count of commas of particles is taken.

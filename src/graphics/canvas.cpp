@@ -45,9 +45,21 @@ void PaintCoverage(PixelArea& area, const TextCoverage& text, PixelPoint corner,
 
 }  // namespace
 
+// Until somebody draws on it or looks at it, an image needs no memory: the hidden first window, which
+// every run has, is seldom one of those that are seen.
+Pixmap& Canvas::Pixels() const {
+    if (IsBlank()) {
+        Pixmap made(image_.width, image_.height, blankPixel_);
+        PixelArea area(made, made.width, made.height);
+        PaintPixmap(area, picture_, {0, 0, picture_.width, picture_.height});
+        image_ = std::move(made);
+    }
+    return image_;
+}
+
 template <class Operation>
 void Canvas::Paint(Operation&& operation) {
-    PixelArea area(image_, width_, height_);
+    PixelArea area(Pixels(), width_, height_);
     operation(area);
     changed_.Include(area.Changed());
 }
@@ -78,16 +90,18 @@ PixelRect Canvas::DrawByItself(Operation&& operation) {
 // Brings the pixels of stroke_ into the image that keep(x, y) wants, and empties it.
 template <class Keep>
 void Canvas::MixIn(const PixelRect& part, Keep&& keep) {
+    if (part.IsEmpty()) return;
+    Pixmap& image = Pixels();
     for (std::int32_t y = part.top; y < part.bottom; ++y) {
         std::uint32_t* const drawn = stroke_.Row(y);
-        std::uint32_t* const below = image_.Row(y);
+        std::uint32_t* const below = image.Row(y);
         for (std::int32_t x = part.left; x < part.right; ++x) {
             if (drawn[x] == kTransparentPixel) continue;
             if (keep(x, y)) below[x] = MixPixel(DrawMode, drawn[x], below[x]);
             drawn[x] = kTransparentPixel;
         }
     }
-    if (!part.IsEmpty()) changed_.Include(part);
+    changed_.Include(part);
 }
 
 void Canvas::SetUnitsInPixel(double units) {
@@ -108,11 +122,19 @@ void Canvas::Resize(std::int32_t width, std::int32_t height) {
 void Canvas::Grow(std::int32_t width, std::int32_t height) {
     if (width == image_.width && height == image_.height) return;
     if (std::int64_t{width} * height > kMostPixels) throw Failure(failure::kOutOfMemory);
-    Pixmap grown(width, height, PixelOfColor(backColor_));
+    const std::uint32_t pixel = PixelOfColor(backColor_);
+    if (IsBlank() && pixel == blankPixel_) {
+        image_.width = width;
+        image_.height = height;
+        return;
+    }
+    // What was there keeps its colour, also where a system colour is another one now.
+    const Pixmap& old = Pixels();
+    Pixmap grown(width, height, pixel);
     PixelArea area(grown, width, height);
     PaintPixmap(area, picture_, {0, 0, picture_.width, picture_.height});
-    for (std::int32_t y = 0; y < image_.height; ++y) {
-        std::copy_n(image_.Row(y), image_.width, grown.Row(y));
+    for (std::int32_t y = 0; y < old.height; ++y) {
+        std::copy_n(old.Row(y), old.width, grown.Row(y));
     }
     image_ = std::move(grown);
 }
@@ -128,9 +150,12 @@ bool Canvas::TakeRefresh() { return std::exchange(isRefreshAsked_, false); }
 
 // The hidden part as well, so that a larger canvas shows nothing of old.
 void Canvas::Erase() {
-    std::fill(image_.pixels.begin(), image_.pixels.end(), PixelOfColor(backColor_));
-    PixelArea area(image_, image_.width, image_.height);
-    PaintPixmap(area, picture_, {0, 0, picture_.width, picture_.height});
+    blankPixel_ = PixelOfColor(backColor_);
+    if (!IsBlank()) {
+        std::fill(image_.pixels.begin(), image_.pixels.end(), blankPixel_);
+        PixelArea area(image_, image_.width, image_.height);
+        PaintPixmap(area, picture_, {0, 0, picture_.width, picture_.height});
+    }
     changed_ = {0, 0, width_, height_};
 }
 
@@ -256,7 +281,7 @@ void Canvas::PaintPicture(const Pixmap& picture, float x, float y, float width, 
 std::int32_t Canvas::Point(float x, float y) const {
     const auto [column, row] = PixelAt(x, y);
     const bool isInside = column >= 0 && row >= 0 && column < width_ && row < height_;
-    return isInside ? static_cast<std::int32_t>(image_.At(column, row)) : -1;
+    return isInside ? static_cast<std::int32_t>(Pixels().At(column, row)) : -1;
 }
 
 void Canvas::Ellipse(float left, float top, float right, float bottom) {

@@ -27,8 +27,8 @@ class Canvas : public DrawingSurface, public CanvasImage {
     std::int32_t Width() const override { return width_; }
     std::int32_t Height() const override { return height_; }
 
-    // The image; the canvas is its upper left part.
-    const Pixmap& Image() const override { return image_; }
+    // The image; the canvas is its upper left part. It is made when it is first asked for or drawn on.
+    const Pixmap& Image() const override { return Pixels(); }
     // What has changed since this was asked the last time; empty when nothing has.
     PixelRect TakeChanges() override;
     // Whether somebody asked to show the changes at once; the question clears it.
@@ -75,7 +75,10 @@ class Canvas : public DrawingSurface, public CanvasImage {
     std::int32_t width_ = 0;
     std::int32_t height_ = 0;
     std::int32_t backColor_ = 0xFFFFFF;
-    Pixmap image_;  // as large as the canvas ever was
+    // As large as the canvas ever was. Without pixels it is blank: the pixel below everywhere, with the
+    // picture on it.
+    mutable Pixmap image_;
+    std::uint32_t blankPixel_ = 0xFFFFFF;
     Pixmap picture_;
     Pixmap
         stroke_;  // where a stroke is drawn by itself before it is mixed in; empty between strokes
@@ -100,6 +103,9 @@ class Canvas : public DrawingSurface, public CanvasImage {
     PixelPoint PixelAt(double x, double y) const {
         return {NearestPixel(InPixels(x)), NearestPixel(InPixels(y))};
     }
+    bool IsBlank() const { return image_.pixels.empty(); }
+    // The image with its pixels.
+    Pixmap& Pixels() const;
     void Grow(std::int32_t width, std::int32_t height);
     void Erase();
     void MoveTo(float x, float y);

@@ -5,7 +5,6 @@
 #include "data/failure.h"
 #include "data/numbers.h"
 #include "graphics/drawing_surface.h"
-#include "graphics/turtle_pictures.h"
 #include "objects/create.h"
 #include "objects/kinds.h"
 #include "objects/menus.h"
@@ -27,7 +26,6 @@ constexpr std::u16string_view kHostedName = u"ウィンドウ";
 void AddTurtle(const WindowPtr& window) {
     const auto turtle =
         std::make_shared<Object>(ControlClass::kTurtle, std::u16string(kTurtleArray), 0, window);
-    turtle->SetPicture(TurtlePicture(kTurtleFacingUp));
     window->Controls.push_back(turtle);
     PixelBox box = turtle->Geometry();
     ObjectCanvas& canvas = *window->Canvas();

@@ -7,6 +7,7 @@
 
 #include "data/failure.h"
 #include "data/width.h"
+#include "graphics/turtle_pictures.h"
 #include "objects/events.h"
 #include "objects/kinds.h"
 #include "objects/object_canvas.h"
@@ -85,6 +86,12 @@ void Object::SetGeometry(const PixelBox& box) {
     box_ = box;
 }
 
+const Pixmap& Object::Picture() const {
+    static const Pixmap none;
+    if (picture_) return *picture_;
+    return class_ == ControlClass::kTurtle ? TurtlePicture(kTurtleFacingUp) : none;
+}
+
 void Object::SetPicture(const Pixmap& picture) {
     if (class_ != ControlClass::kTurtle || HasControl()) Control().SetPicture(picture);
     picture_ = picture;
@@ -113,7 +120,7 @@ std::unique_ptr<ToolkitControl> Object::MakeControl() {
     const ObjectPtr container = Container();
     if (container != nullptr && container != window) control->SetContainer(container->Control());
     if (HasPlace()) control->SetGeometry(box_);
-    if (class_ == ControlClass::kTurtle) control->SetPicture(picture_);
+    if (class_ == ControlClass::kTurtle) control->SetPicture(Picture());
     const ControlTemplate* look = FindTemplate(name_);
     if (look != nullptr && !look->caption.empty()) {
         control->Set(u"Caption", std::u16string(look->caption), {});

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -77,9 +78,10 @@ class Object : public std::enable_shared_from_this<Object>, public ControlListen
 
     // The drawing surface of a window or picture; nullptr for others.
     ObjectCanvas* Canvas() { return canvas_.get(); }
-    // The picture shown by a control that is no drawing surface, and of a turtle.
+    // The picture shown by a control that is no drawing surface, and of a turtle, which faces up until
+    // it gets another one.
     void SetPicture(const Pixmap& picture);
-    const Pixmap& Picture() const { return picture_; }
+    const Pixmap& Picture() const;
     // The file that the picture came from.
     std::u16string pictureFile;
     std::u16string tag;       // member Tag
@@ -124,7 +126,7 @@ class Object : public std::enable_shared_from_this<Object>, public ControlListen
     std::weak_ptr<Window> owner_;
     std::weak_ptr<Object> container_;
     std::unique_ptr<MemberSurface> surface_;
-    Pixmap picture_;
+    std::optional<Pixmap> picture_;
     PixelBox box_;  // while there is no control
     bool isUnloaded_ = false;
 };

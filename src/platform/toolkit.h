@@ -81,7 +81,8 @@ class CanvasImage {
     virtual void Resize(std::int32_t width, std::int32_t height) = 0;
     virtual std::int32_t Width() const = 0;
     virtual std::int32_t Height() const = 0;
-    // The canvas is the upper left part of the image.
+    // The canvas is the upper left part of the image. Throws std::bad_alloc where there is no memory to
+    // make it in.
     virtual const Pixmap& Image() const = 0;
     // What has changed since this was asked the last time; empty when nothing has.
     virtual PixelRect TakeChanges() = 0;

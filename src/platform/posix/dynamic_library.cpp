@@ -19,10 +19,24 @@
 #include "data/text.h"
 #include "data/utf.h"
 #include "platform/files.h"
+#include "platform/posix/late_library.h"
 
 namespace velm {
 
 namespace {
+
+// The functions of the library for calls that are used, and its type of a 64-bit word.
+struct Ffi {
+    LateLibrary file{"libffi.so.8", u"libffi"};
+    decltype(&ffi_prep_cif) prepare = file["ffi_prep_cif"];
+    decltype(&ffi_call) call = file["ffi_call"];
+    ffi_type* word = file["ffi_type_sint64"];
+};
+
+const Ffi& TheFfi() {
+    static const Ffi library;
+    return library;
+}
 
 // Within the first 2 GB an address is a positive number of 32 bits.
 constexpr std::uintptr_t kLowEnd = std::uintptr_t{1} << 31;
@@ -248,17 +262,18 @@ std::int64_t ToMachineWord(std::int32_t scriptNumber) {
 
 std::int64_t CallForeign(void* function, std::span<const std::int64_t> words) {
     std::vector<std::int64_t> held(words.begin(), words.end());
-    std::vector<ffi_type*> types(held.size(), &ffi_type_sint64);
+    const Ffi& ffi = TheFfi();
+    std::vector<ffi_type*> types(held.size(), ffi.word);
     std::vector<void*> places;
     places.reserve(held.size());
     for (std::int64_t& word : held) places.push_back(&word);
     ffi_cif call;
     const auto count = static_cast<unsigned>(held.size());
-    if (ffi_prep_cif(&call, FFI_DEFAULT_ABI, count, &ffi_type_sint64, types.data()) != FFI_OK) {
+    if (ffi.prepare(&call, FFI_DEFAULT_ABI, count, ffi.word, types.data()) != FFI_OK) {
         throw Failure(failure::kBadCall);
     }
     ffi_arg result = 0;
-    ffi_call(&call, FFI_FN(function), &result, places.data());
+    ffi.call(&call, FFI_FN(function), &result, places.data());
     return static_cast<std::int64_t>(result);
 }
 

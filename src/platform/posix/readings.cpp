@@ -3,7 +3,6 @@
 // The environment variable VELM_MECAB_DICTIONARY may name another folder of the dictionary.
 #include "platform/readings.h"
 
-#include <dlfcn.h>
 #include <mecab.h>
 
 #include <algorithm>
@@ -17,12 +16,12 @@
 #include "data/failure.h"
 #include "data/utf.h"
 #include "data/width.h"
+#include "platform/posix/late_library.h"
 
 namespace velm {
 
 namespace {
 
-constexpr const char* kLibrary = "libmecab.so.2";
 constexpr const char* kDictionaryVariable = "VELM_MECAB_DICTIONARY";
 constexpr const char* kDictionary = "/var/lib/mecab/dic/ipadic-utf8";
 
@@ -35,32 +34,15 @@ constexpr int kReadingFeature = 7;
 
 // The functions of the library that are used.
 struct Library {
-    decltype(&mecab_new) create = nullptr;
-    decltype(&mecab_destroy) destroy = nullptr;
-    decltype(&mecab_sparse_tonode2) analyse = nullptr;
-    decltype(&mecab_dictionary_info) info = nullptr;
+    LateLibrary file{"libmecab.so.2", u"MeCab"};
+    decltype(&mecab_new) create = file["mecab_new"];
+    decltype(&mecab_destroy) destroy = file["mecab_destroy"];
+    decltype(&mecab_sparse_tonode2) analyse = file["mecab_sparse_tonode2"];
+    decltype(&mecab_dictionary_info) info = file["mecab_dictionary_info"];
 };
 
-[[noreturn]] void FailMissing(std::u16string_view what) {
-    throw Failure(failure::kFileNotFound, std::u16string(what).append(u"が見つかりません。"));
-}
-
-template <class Function>
-void Bind(void* handle, const char* name, Function& function) {
-    function = reinterpret_cast<Function>(dlsym(handle, name));
-    if (function == nullptr) FailMissing(u"MeCab の関数");
-}
-
-// The library, loaded by the first call and never unloaded.
 const Library& LoadedLibrary() {
-    static Library library;
-    if (library.info != nullptr) return library;
-    void* handle = dlopen(kLibrary, RTLD_NOW | RTLD_LOCAL);
-    if (handle == nullptr) FailMissing(u"MeCab");
-    Bind(handle, "mecab_new", library.create);
-    Bind(handle, "mecab_destroy", library.destroy);
-    Bind(handle, "mecab_sparse_tonode2", library.analyse);
-    Bind(handle, "mecab_dictionary_info", library.info);
+    static const Library library;
     return library;
 }
 
@@ -85,7 +67,9 @@ Analyser OpenAnalyser(const Library& library, const std::string& folder) {
                    [](std::string& word) { return word.data(); });
     Analyser analyser(library.create(static_cast<int>(pointers.size()), pointers.data()),
                       library.destroy);
-    if (!analyser || !IsUtf8(library.info(analyser.get()))) FailMissing(u"MeCab の辞書");
+    if (!analyser || !IsUtf8(library.info(analyser.get()))) {
+        throw Failure(failure::kFileNotFound, u"MeCab の辞書が見つかりません。");
+    }
     return analyser;
 }
 

@@ -9,6 +9,7 @@
 
 #include "data/failure.h"
 #include "data/pattern_syntax.h"
+#include "platform/posix/late_library.h"
 
 #define PCRE2_CODE_UNIT_WIDTH 16
 #include <pcre2.h>
@@ -33,19 +34,53 @@ constexpr std::size_t kGrowth = 8;
 
 constexpr std::u16string_view kCutOff = u"照合に手間がかかりすぎるので、打ち切りました。";
 
+// The functions of the library that are used.
+struct Pcre2 {
+    LateLibrary file{"libpcre2-16.so.0", u"PCRE2"};
+    decltype(&pcre2_code_free) codeFree = file["pcre2_code_free_16"];
+    decltype(&pcre2_compile) compile = file["pcre2_compile_16"];
+    decltype(&pcre2_compile_context_create) compileContextCreate =
+        file["pcre2_compile_context_create_16"];
+    decltype(&pcre2_compile_context_free) compileContextFree =
+        file["pcre2_compile_context_free_16"];
+    decltype(&pcre2_get_ovector_count) getOvectorCount = file["pcre2_get_ovector_count_16"];
+    decltype(&pcre2_get_ovector_pointer) getOvectorPointer = file["pcre2_get_ovector_pointer_16"];
+    decltype(&pcre2_jit_compile) jitCompile = file["pcre2_jit_compile_16"];
+    decltype(&pcre2_jit_stack_assign) jitStackAssign = file["pcre2_jit_stack_assign_16"];
+    decltype(&pcre2_jit_stack_create) jitStackCreate = file["pcre2_jit_stack_create_16"];
+    decltype(&pcre2_jit_stack_free) jitStackFree = file["pcre2_jit_stack_free_16"];
+    decltype(&pcre2_match) match = file["pcre2_match_16"];
+    decltype(&pcre2_match_context_create) matchContextCreate =
+        file["pcre2_match_context_create_16"];
+    decltype(&pcre2_match_context_free) matchContextFree = file["pcre2_match_context_free_16"];
+    decltype(&pcre2_match_data_create_from_pattern) matchDataCreateFromPattern =
+        file["pcre2_match_data_create_from_pattern_16"];
+    decltype(&pcre2_match_data_free) matchDataFree = file["pcre2_match_data_free_16"];
+    decltype(&pcre2_set_depth_limit) setDepthLimit = file["pcre2_set_depth_limit_16"];
+    decltype(&pcre2_set_heap_limit) setHeapLimit = file["pcre2_set_heap_limit_16"];
+    decltype(&pcre2_set_match_limit) setMatchLimit = file["pcre2_set_match_limit_16"];
+    decltype(&pcre2_set_newline) setNewline = file["pcre2_set_newline_16"];
+    decltype(&pcre2_set_offset_limit) setOffsetLimit = file["pcre2_set_offset_limit_16"];
+};
+
+const Pcre2& Pcre() {
+    static const Pcre2 library;
+    return library;
+}
+
 template <auto Free>
 struct FreeWith {
     template <class T>
     void operator()(T* object) const {
-        Free(object);
+        (Pcre().*Free)(object);
     }
 };
 
-using Code = std::unique_ptr<pcre2_code, FreeWith<pcre2_code_free>>;
-using MatchData = std::unique_ptr<pcre2_match_data, FreeWith<pcre2_match_data_free>>;
-using MatchContext = std::unique_ptr<pcre2_match_context, FreeWith<pcre2_match_context_free>>;
-using CompileContext = std::unique_ptr<pcre2_compile_context, FreeWith<pcre2_compile_context_free>>;
-using JitStack = std::unique_ptr<pcre2_jit_stack, FreeWith<pcre2_jit_stack_free>>;
+using Code = std::unique_ptr<pcre2_code, FreeWith<&Pcre2::codeFree>>;
+using MatchData = std::unique_ptr<pcre2_match_data, FreeWith<&Pcre2::matchDataFree>>;
+using MatchContext = std::unique_ptr<pcre2_match_context, FreeWith<&Pcre2::matchContextFree>>;
+using CompileContext = std::unique_ptr<pcre2_compile_context, FreeWith<&Pcre2::compileContextFree>>;
+using JitStack = std::unique_ptr<pcre2_jit_stack, FreeWith<&Pcre2::jitStackFree>>;
 
 PCRE2_SPTR Units(std::u16string_view text) { return reinterpret_cast<PCRE2_SPTR>(text.data()); }
 
@@ -57,14 +92,14 @@ T Made(T object) {
 
 // The limits of a search, and the stack that compiled patterns run on.
 struct Limits {
-    JitStack stack{pcre2_jit_stack_create(kFirstStack, kLargestStack, nullptr)};
-    MatchContext context = Made(MatchContext(pcre2_match_context_create(nullptr)));
+    JitStack stack{Pcre().jitStackCreate(kFirstStack, kLargestStack, nullptr)};
+    MatchContext context = Made(MatchContext(Pcre().matchContextCreate(nullptr)));
 
     Limits() {
-        pcre2_set_match_limit(context.get(), kMatchLimit);
-        pcre2_set_depth_limit(context.get(), kMatchLimit);
-        pcre2_set_heap_limit(context.get(), kHeapLimitKiB);
-        if (stack) pcre2_jit_stack_assign(context.get(), nullptr, stack.get());
+        Pcre().setMatchLimit(context.get(), kMatchLimit);
+        Pcre().setDepthLimit(context.get(), kMatchLimit);
+        Pcre().setHeapLimit(context.get(), kHeapLimitKiB);
+        if (stack) Pcre().jitStackAssign(context.get(), nullptr, stack.get());
     }
 };
 
@@ -74,19 +109,19 @@ pcre2_match_context* SearchLimits() {
 }
 
 Code Compile(std::u16string_view pattern, RegexCase letterCase) {
-    const CompileContext context = Made(CompileContext(pcre2_compile_context_create(nullptr)));
-    pcre2_set_newline(context.get(), PCRE2_NEWLINE_LF);
+    const CompileContext context = Made(CompileContext(Pcre().compileContextCreate(nullptr)));
+    Pcre().setNewline(context.get(), PCRE2_NEWLINE_LF);
     std::uint32_t options = PCRE2_USE_OFFSET_LIMIT | PCRE2_UCP | PCRE2_NEVER_UTF |
                             PCRE2_DOLLAR_ENDONLY | PCRE2_MATCH_UNSET_BACKREF;
     if (letterCase == RegexCase::kIgnore) options |= PCRE2_CASELESS;
     const std::u16string rewritten = RewritePattern(pattern);
     int number = 0;
     PCRE2_SIZE place = 0;
-    Code code(
-        pcre2_compile(Units(rewritten), rewritten.size(), options, &number, &place, context.get()));
+    Code code(Pcre().compile(Units(rewritten), rewritten.size(), options, &number, &place,
+                             context.get()));
     if (!code) throw PatternFailure(pattern_error::kSyntax);
     // Without machine code for this processor the interpreter takes its place.
-    pcre2_jit_compile(code.get(), PCRE2_JIT_COMPLETE);
+    Pcre().jitCompile(code.get(), PCRE2_JIT_COMPLETE);
     return code;
 }
 
@@ -106,7 +141,7 @@ class PosixRegex : public Regex {
     MatchData data_;
 
     MatchData NewMatchData() const {
-        return Made(MatchData(pcre2_match_data_create_from_pattern(code_.get(), nullptr)));
+        return Made(MatchData(Pcre().matchDataCreateFromPattern(code_.get(), nullptr)));
     }
     int Run(std::u16string_view text, std::size_t from, std::uint32_t options,
             pcre2_match_data* data) const {
@@ -114,9 +149,9 @@ class PosixRegex : public Regex {
         auto before = begin;
         for (std::size_t stretch = kFirstStretch;;) {
             const std::size_t last = std::min(from + stretch, text.size());
-            pcre2_set_offset_limit(SearchLimits(), last);
-            const int count = pcre2_match(code_.get(), Units(text), text.size(), from, options,
-                                          data, SearchLimits());
+            Pcre().setOffsetLimit(SearchLimits(), last);
+            const int count = Pcre().match(code_.get(), Units(text), text.size(), from, options,
+                                           data, SearchLimits());
             if (count != PCRE2_ERROR_NOMATCH || last == text.size()) return count;
             const auto now = std::chrono::steady_clock::now();
             if (now - begin > kTimeLimit) return PCRE2_ERROR_MATCHLIMIT;
@@ -135,8 +170,8 @@ class PosixRegex : public Regex {
         match.clear();
         if (count == PCRE2_ERROR_NOMATCH) return false;
         if (count < 0) throw Failure(failure::kOutOfStack, std::u16string(kCutOff));
-        const PCRE2_SIZE* offsets = pcre2_get_ovector_pointer(data);
-        match.resize(pcre2_get_ovector_count(data));
+        const PCRE2_SIZE* offsets = Pcre().getOvectorPointer(data);
+        match.resize(Pcre().getOvectorCount(data));
         for (std::size_t i = 0; i < match.size(); ++i) {
             if (offsets[2 * i] != PCRE2_UNSET) match[i] = {offsets[2 * i], offsets[2 * i + 1]};
         }

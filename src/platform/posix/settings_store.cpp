@@ -12,6 +12,8 @@
 #include "data/utf.h"
 #include "data/width.h"
 #include "platform/posix/data_folder.h"
+#include "platform/posix/late_library.h"
+#include "platform/posix/settings_glance.h"
 
 namespace velm {
 
@@ -45,6 +47,33 @@ constexpr const char* kDeleteKeysBelow =
     "WITH RECURSIVE below(id) AS (VALUES(?1) UNION SELECT keys.id FROM keys, below"
     " WHERE keys.parent=below.id) DELETE FROM keys WHERE id IN below";
 
+// The functions of the library that are used.
+struct Sqlite {
+    LateLibrary file{"libsqlite3.so.0", u"SQLite"};
+    decltype(&sqlite3_bind_blob64) bindBlob = file["sqlite3_bind_blob64"];
+    decltype(&sqlite3_bind_int64) bindInt = file["sqlite3_bind_int64"];
+    decltype(&sqlite3_bind_text64) bindText = file["sqlite3_bind_text64"];
+    decltype(&sqlite3_busy_timeout) busyTimeout = file["sqlite3_busy_timeout"];
+    decltype(&sqlite3_changes) changes = file["sqlite3_changes"];
+    decltype(&sqlite3_close_v2) close = file["sqlite3_close_v2"];
+    decltype(&sqlite3_column_blob) columnBlob = file["sqlite3_column_blob"];
+    decltype(&sqlite3_column_bytes) columnBytes = file["sqlite3_column_bytes"];
+    decltype(&sqlite3_column_int64) columnInt = file["sqlite3_column_int64"];
+    decltype(&sqlite3_exec) exec = file["sqlite3_exec"];
+    decltype(&sqlite3_extended_result_codes) extendedResultCodes =
+        file["sqlite3_extended_result_codes"];
+    decltype(&sqlite3_finalize) finalize = file["sqlite3_finalize"];
+    decltype(&sqlite3_open_v2) open = file["sqlite3_open_v2"];
+    decltype(&sqlite3_prepare_v2) prepare = file["sqlite3_prepare_v2"];
+    decltype(&sqlite3_sleep) sleep = file["sqlite3_sleep"];
+    decltype(&sqlite3_step) step = file["sqlite3_step"];
+};
+
+const Sqlite& Sql() {
+    static const Sqlite library;
+    return library;
+}
+
 [[noreturn]] void FailBy(int result) {
     switch (result & 0xFF) {
         case SQLITE_BUSY:
@@ -65,7 +94,7 @@ void Check(int result) {
 }
 
 struct CloseConnection {
-    void operator()(sqlite3* connection) const { sqlite3_close_v2(connection); }
+    void operator()(sqlite3* connection) const { Sql().close(connection); }
 };
 using Connection = std::unique_ptr<sqlite3, CloseConnection>;
 
@@ -73,38 +102,38 @@ using Connection = std::unique_ptr<sqlite3, CloseConnection>;
 class Query {
   public:
     Query(sqlite3* connection, const char* sql) {
-        Check(sqlite3_prepare_v2(connection, sql, -1, &statement_, nullptr));
+        Check(Sql().prepare(connection, sql, -1, &statement_, nullptr));
     }
     Query(const Query&) = delete;
     Query& operator=(const Query&) = delete;
-    ~Query() { sqlite3_finalize(statement_); }
+    ~Query() { Sql().finalize(statement_); }
 
     Query& Bind(int place, std::int64_t number) {
-        Check(sqlite3_bind_int64(statement_, place, number));
+        Check(Sql().bindInt(statement_, place, number));
         return *this;
     }
     Query& Bind(int place, std::u16string_view text) {
         const std::string bytes = Utf16ToUtf8(text);
-        Check(sqlite3_bind_text64(statement_, place, bytes.data(), bytes.size(), SQLITE_TRANSIENT,
-                                  SQLITE_UTF8));
+        Check(Sql().bindText(statement_, place, bytes.data(), bytes.size(), SQLITE_TRANSIENT,
+                             SQLITE_UTF8));
         return *this;
     }
     Query& BindBytes(int place, std::string_view bytes) {
         // A null pointer would bind no value instead of an empty one.
         const char* data = bytes.empty() ? "" : bytes.data();
-        Check(sqlite3_bind_blob64(statement_, place, data, bytes.size(), SQLITE_TRANSIENT));
+        Check(Sql().bindBlob(statement_, place, data, bytes.size(), SQLITE_TRANSIENT));
         return *this;
     }
     // Goes to the next row; false behind the last one.
     bool Next() {
-        const int result = sqlite3_step(statement_);
+        const int result = Sql().step(statement_);
         Check(result);
         return result == SQLITE_ROW;
     }
-    std::int64_t Number(int column) { return sqlite3_column_int64(statement_, column); }
+    std::int64_t Number(int column) { return Sql().columnInt(statement_, column); }
     std::string Bytes(int column) {
-        const void* data = sqlite3_column_blob(statement_, column);
-        const auto size = static_cast<std::size_t>(sqlite3_column_bytes(statement_, column));
+        const void* data = Sql().columnBlob(statement_, column);
+        const auto size = static_cast<std::size_t>(Sql().columnBytes(statement_, column));
         return data == nullptr ? std::string() : std::string(static_cast<const char*>(data), size);
     }
     std::u16string Text(int column) { return Utf8ToUtf16(Bytes(column)); }
@@ -138,12 +167,12 @@ bool IsStillTheFile(const std::string& path) {
 
 Connection Open(const std::string& path, int flags) {
     sqlite3* opened = nullptr;
-    const int result = sqlite3_open_v2(path.c_str(), &opened, flags, nullptr);
+    const int result = Sql().open(path.c_str(), &opened, flags, nullptr);
     Connection connection(opened);
     Check(result);
-    sqlite3_extended_result_codes(opened, 1);
-    sqlite3_busy_timeout(opened, kBusyMilliseconds);
-    Check(sqlite3_exec(opened, "PRAGMA synchronous=FULL", nullptr, nullptr, nullptr));
+    Sql().extendedResultCodes(opened, 1);
+    Sql().busyTimeout(opened, kBusyMilliseconds);
+    Check(Sql().exec(opened, "PRAGMA synchronous=FULL", nullptr, nullptr, nullptr));
     return connection;
 }
 
@@ -174,9 +203,9 @@ sqlite3* ForReading() {
 void Prepare(sqlite3* connection) {
     int result = SQLITE_OK;
     for (int waited = 0; waited <= kBusyMilliseconds; waited += kRetryMilliseconds) {
-        result = sqlite3_exec(connection, kSchema, nullptr, nullptr, nullptr);
+        result = Sql().exec(connection, kSchema, nullptr, nullptr, nullptr);
         if ((result & 0xFF) != SQLITE_BUSY) break;
-        sqlite3_sleep(kRetryMilliseconds);
+        Sql().sleep(kRetryMilliseconds);
     }
     Check(result);
 }
@@ -197,10 +226,20 @@ sqlite3* ForWriting() {
     return connection;
 }
 
-// What a step that reads gives; nothing where it fails.
+// The last part of a key's path as it is stored; empty for a root.
+std::string StoredName(std::u16string_view key) {
+    const std::size_t last = key.find_last_not_of(u'\\');
+    if (last == kNotFound) return {};
+    const std::u16string_view whole = key.substr(0, last + 1);
+    return Utf16ToUtf8(ToUpper(whole.substr(whole.rfind(u'\\') + 1)));
+}
+
+// What a step that reads at a path gives; nothing where it fails.
 template <class Step>
-auto Reading(Step&& step) -> decltype(step(nullptr)) {
+auto Reading(const StorePath& path, Step&& step) -> decltype(step(nullptr)) {
     try {
+        const bool isOpen = TheStore().connection != nullptr;
+        if (!isOpen && native::HoldsNoKey(FilePath(), StoredName(path.key))) return {};
         sqlite3* connection = ForReading();
         if (connection != nullptr) return step(connection);
     } catch (const Failure&) {
@@ -213,13 +252,13 @@ auto Reading(Step&& step) -> decltype(step(nullptr)) {
 template <class Step>
 auto Writing(Step&& step) -> decltype(step(nullptr)) {
     sqlite3* connection = ForWriting();
-    Check(sqlite3_exec(connection, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr));
+    Check(Sql().exec(connection, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr));
     try {
         auto result = step(connection);
-        Check(sqlite3_exec(connection, "COMMIT", nullptr, nullptr, nullptr));
+        Check(Sql().exec(connection, "COMMIT", nullptr, nullptr, nullptr));
         return result;
     } catch (const Failure&) {
-        sqlite3_exec(connection, "ROLLBACK", nullptr, nullptr, nullptr);
+        Sql().exec(connection, "ROLLBACK", nullptr, nullptr, nullptr);
         throw;
     }
 }
@@ -256,7 +295,7 @@ std::optional<std::int64_t> KeyId(sqlite3* connection, const StorePath& path, Mi
 }
 
 std::vector<std::u16string> Names(const StorePath& path, const char* sql) {
-    return Reading([&](sqlite3* connection) {
+    return Reading(path, [&](sqlite3* connection) {
         std::vector<std::u16string> names;
         const std::optional<std::int64_t> id = KeyId(connection, path, Missing::kFail);
         if (!id) return names;
@@ -275,7 +314,7 @@ bool HasChildren(sqlite3* connection, std::int64_t id) {
 }  // namespace
 
 std::optional<StoredValue> ReadStoredValue(const StorePath& path, std::u16string_view name) {
-    return Reading([&](sqlite3* connection) -> std::optional<StoredValue> {
+    return Reading(path, [&](sqlite3* connection) -> std::optional<StoredValue> {
         const std::optional<std::int64_t> id = KeyId(connection, path, Missing::kFail);
         if (!id) return std::nullopt;
         Query query(connection, kReadValue);
@@ -285,8 +324,9 @@ std::optional<StoredValue> ReadStoredValue(const StorePath& path, std::u16string
 }
 
 bool HasStoredKey(const StorePath& path) {
-    return Reading(
-        [&](sqlite3* connection) { return KeyId(connection, path, Missing::kFail).has_value(); });
+    return Reading(path, [&](sqlite3* connection) {
+        return KeyId(connection, path, Missing::kFail).has_value();
+    });
 }
 
 std::vector<std::u16string> StoredSubkeys(const StorePath& path) { return Names(path, kSubkeys); }
@@ -310,7 +350,7 @@ bool DeleteStoredValue(const StorePath& path, std::u16string_view name) {
         const std::optional<std::int64_t> id = KeyId(connection, path, Missing::kFail);
         if (!id) return false;
         Query(connection, kDeleteValue).Bind(1, *id).Bind(2, ToUpper(name)).Next();
-        return sqlite3_changes(connection) > 0;
+        return Sql().changes(connection) > 0;
     });
 }
 

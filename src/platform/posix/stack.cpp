@@ -2,7 +2,12 @@
 #include "platform/stack.h"
 
 #include <pthread.h>
+#include <sys/auxv.h>
 #include <sys/resource.h>
+#include <unistd.h>
+
+#include <cstdint>
+#include <cstring>
 
 namespace velm {
 
@@ -21,20 +26,53 @@ void RaiseLimit(std::size_t wantedBytes) {
     setrlimit(RLIMIT_STACK, &wanted);
 }
 
+// Where the main thread's stack begins: the system puts the program's file name there first, in front of
+// an empty word. nullptr where it doesn't tell.
+char* MainStackTop() {
+    const auto* name = reinterpret_cast<const char*>(getauxval(AT_EXECFN));
+    if (name == nullptr) return nullptr;
+    const auto behind =
+        reinterpret_cast<std::uintptr_t>(name) + std::strlen(name) + 1 + sizeof(void*);
+    const auto page = static_cast<std::uintptr_t>(sysconf(_SC_PAGESIZE));
+    return reinterpret_cast<char*>((behind + page - 1) / page * page);
+}
+
+struct Extent {
+    char* end = nullptr;  // the lowest address
+    std::size_t size = 0;
+};
+
+// The main thread's, without reading the system's list of all that the process has mapped, which takes
+// longer than much else of a start. Nothing where the stack isn't where it would be.
+Extent MainStack() {
+    rlimit limit = {};
+    char* const top = MainStackTop();
+    if (getpid() != gettid() || top == nullptr) return {};
+    if (getrlimit(RLIMIT_STACK, &limit) != 0 || limit.rlim_cur == RLIM_INFINITY) return {};
+    const auto size = static_cast<std::size_t>(limit.rlim_cur);
+    const char* const here = StackPointer();
+    if (here > top || static_cast<std::size_t>(top - here) > size) return {};
+    return {top - size, size};
+}
+
+Extent AnyStack() {
+    pthread_attr_t attributes;
+    void* lowest = nullptr;
+    std::size_t size = 0;
+    if (pthread_getattr_np(pthread_self(), &attributes) != 0) return {};
+    pthread_attr_getstack(&attributes, &lowest, &size);
+    pthread_attr_destroy(&attributes);
+    return {static_cast<char*>(lowest), size};
+}
+
 }  // namespace
 
 char* StackEnd(std::size_t wantedBytes) {
     RaiseLimit(wantedBytes);
-    pthread_attr_t attributes;
-    void* lowest = nullptr;
-    std::size_t size = 0;
-    if (pthread_getattr_np(pthread_self(), &attributes) != 0) return nullptr;
-    pthread_attr_getstack(&attributes, &lowest, &size);
-    pthread_attr_destroy(&attributes);
-    char* end = static_cast<char*>(lowest);
-    char* top = end + size;
+    Extent stack = MainStack();
+    if (stack.end == nullptr) stack = AnyStack();
     // A stack without a limit is still used only so far.
-    return size > wantedBytes ? top - wantedBytes : end;
+    return stack.size > wantedBytes ? stack.end + (stack.size - wantedBytes) : stack.end;
 }
 
 }  // namespace velm

@@ -20,6 +20,15 @@ QImage ImageOver(const Pixmap& pixmap) {
                   static_cast<qsizetype>(pixmap.width) * kPixelBytes, QImage::Format_RGBX8888);
 }
 
+// An image is made when it is first asked for. Without memory for it the view stays empty.
+bool HasImage(const CanvasImage* canvas) {
+    if (canvas == nullptr) return false;
+    const PendingFailure before = pendingFailure;
+    const bool isThere = Attempt([canvas] { canvas->Image(); });
+    if (!isThere) pendingFailure = before;
+    return isThere;
+}
+
 QRect RectOf(const PixelRect& part) {
     return QRect(part.left, part.top, part.right - part.left, part.bottom - part.top);
 }
@@ -79,7 +88,7 @@ void QtCanvasView::ShowNews() {
 void QtCanvasView::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     QRect covered;
-    if (canvas_ != nullptr) covered = QRect(0, 0, canvas_->Width(), canvas_->Height());
+    if (HasImage(canvas_)) covered = QRect(0, 0, canvas_->Width(), canvas_->Height());
     if (!covered.isEmpty()) {
         const QImage image = ImageOver(canvas_->Image());
         for (const QRect& part : event->region() & covered) painter.drawImage(part, image, part);

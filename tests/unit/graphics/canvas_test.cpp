@@ -228,6 +228,42 @@ TEST_F(CanvasTest, TextFarOutsideIsOnlyMeasured) {
     EXPECT_TRUE(canvas.TakeChanges().IsEmpty());
 }
 
+// Nothing is drawn or looked at between the steps, so that no pixel is there yet.
+TEST_F(CanvasTest, ABlankCanvasTakesColourPictureAndSizeInAnyOrder) {
+    canvas.Resize(2, 1);
+    canvas.SetPicture(Pixmap(2, 1, kRed));
+    canvas.SetBackColor(kBlue);
+    canvas.Resize(4, 2);
+    EXPECT_EQ(canvas.TakeChanges(), (PixelRect{0, 0, 4, 2}));
+    EXPECT_EQ(canvas.Image().width, 8);
+    EXPECT_EQ(canvas.Image().height, 4);
+    EXPECT_EQ(canvas.Point(1, 0), kRed);
+    EXPECT_EQ(Text(), "rrbb\nbbbb\n");
+}
+
+TEST_F(CanvasTest, ABlankCanvasOfNoSizeCanGrowAndBeDrawnOn) {
+    Canvas small(u"ピクチャー１", false);
+    small.Line(3, 3, kRed);
+    EXPECT_TRUE(small.Image().pixels.empty());
+    EXPECT_EQ(small.Point(0, 0), -1);
+    small.Resize(2, 1);
+    small.CurrentX = small.CurrentY = 0;
+    small.PSet(1, 0, kBlue);
+    EXPECT_EQ(PictureText(small.Image(), 2, 1, {{kWhite, '.'}, {kBlue, 'b'}}), ".b\n");
+}
+
+// A system colour is looked up when places get it, not when they are first seen.
+TEST_F(CanvasTest, BlankPlacesKeepTheSystemColourTheyGot) {
+    constexpr std::int32_t kNumber = 5;
+    canvas.SetBackColor(static_cast<std::int32_t>(0x80000005));
+    SetSystemColor(kNumber, kRed);
+    canvas.Resize(10, 4);
+    SetSystemColor(kNumber, kBlue);
+    canvas.Resize(11, 4);
+    SetSystemColor(kNumber, kWhite);
+    EXPECT_EQ(Text().substr(0, 12), "........rrb\n");
+}
+
 TEST(Colors, SystemColoursHaveNumbers) {
     EXPECT_EQ(PixelOfColor(0x123456), 0x123456U);
     const auto window = static_cast<std::int32_t>(0x80000005);

@@ -120,6 +120,52 @@ TEST_F(SettingsStore, TheFileSurvivesItsClosing) {
     EXPECT_EQ(Read(u"a", u"n"), "1");
 }
 
+// The store is closed, so that the bytes of its file are looked at before it is opened.
+TEST_F(SettingsStore, AKeyIsMissedOnlyWhereItIsNotThere) {
+    const auto isThere = [](std::u16string_view key) {
+        CloseSettingsStore();
+        return Read(key, u"n") == "1" && HasStoredKey(Path(key)) &&
+               StoredValueNames(Path(key)) == Names{u"n"};
+    };
+    const std::u16string longName(400, u'l');
+    for (const std::u16string& key :
+         {std::u16string(u"Abc\\Déf\\ぎ"), std::u16string(u"\\x\\\\yy\\"), longName}) {
+        Write(key, u"n", "1");
+        EXPECT_TRUE(isThere(key));
+    }
+    EXPECT_TRUE(isThere(u"ABC\\dÉf\\ぎ"));
+    EXPECT_FALSE(isThere(u"abc\\none"));
+    EXPECT_FALSE(isThere(u"Déf"));
+    // Larger than what is looked at.
+    Write(u"big", u"bytes", std::string(100'000, 'b'));
+    EXPECT_TRUE(isThere(u"abc\\déf\\ぎ"));
+    EXPECT_FALSE(isThere(u"abc\\none"));
+}
+
+// A process that ends without closing the store leaves what it wrote in the log, which stands beside the
+// file also where a link leads there.
+TEST_F(SettingsStore, AKeyThatIsOnlyInTheLogIsFound) {
+    for (const std::u16string key : {u"logged", u"linked"}) {
+        Write(u"a", u"n", "1");
+        CloseSettingsStore();
+        if (key == u"linked") {
+            const std::filesystem::path file(folder_.Path() + "/" + kFile);
+            std::filesystem::rename(file, folder_.Path() + "/elsewhere.db");
+            std::filesystem::create_symlink(folder_.Path() + "/elsewhere.db", file);
+        }
+        const pid_t child = fork();
+        if (child == 0) {
+            Write(key, u"n", "2");
+            _exit(0);
+        }
+        waitpid(child, nullptr, 0);
+        EXPECT_EQ(folder_.Read(kFile).find(key == u"linked" ? "LINKED" : "LOGGED"),
+                  std::string::npos);
+        EXPECT_EQ(Read(key, u"n"), "2");
+        CloseSettingsStore();
+    }
+}
+
 TEST_F(SettingsStore, AFolderThatWasClearedUnderItIsMadeAnew) {
     Write(u"a", u"n", "1");
     std::filesystem::remove_all(folder_.Path() + "/data");
