@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "core/eval.h"
+#include "core/short_roads.h"
 #include "core/word_plan.h"
 #include "data/brackets.h"
 #include "data/failure.h"
@@ -26,7 +27,12 @@ void Arguments::ReadRaw(std::size_t index, Word& target) const {
 }
 
 void Arguments::Read(std::size_t index, Value& target) const {
-    if (Has(index)) target = EvalWord(words_[index]);
+    if (!Has(index)) return;
+    if (const Value* value = TryValue(words_[index])) {
+        target = *value;
+    } else {
+        target = EvalWord(words_[index]);
+    }
 }
 
 void Arguments::Read(std::size_t index, std::u16string& target) const {
@@ -34,19 +40,26 @@ void Arguments::Read(std::size_t index, std::u16string& target) const {
 }
 
 void Arguments::Read(std::size_t index, std::int16_t& target) const {
-    if (Has(index)) target = ToInt16(ToDouble(EvalWord(words_[index])));
+    if (Has(index)) target = ToInt16(NumberAt(index));
 }
 
 void Arguments::Read(std::size_t index, std::int32_t& target) const {
-    if (Has(index)) target = ToInt32(ToDouble(EvalWord(words_[index])));
+    if (Has(index)) target = ToInt32(NumberAt(index));
 }
 
 void Arguments::Read(std::size_t index, float& target) const {
-    if (Has(index)) target = ToFloat(ToDouble(EvalWord(words_[index])));
+    if (Has(index)) target = ToFloat(NumberAt(index));
 }
 
 void Arguments::Read(std::size_t index, double& target) const {
-    if (Has(index)) target = ToDouble(EvalWord(words_[index]));
+    if (Has(index)) target = NumberAt(index);
+}
+
+double Arguments::NumberAt(std::size_t index) const {
+    double number = 0;
+    const Value* value = TryValue(words_[index]);
+    if (value != nullptr && value->IsPlainNumber(number)) return number;
+    return ToDouble(EvalWord(words_[index]));
 }
 
 double ToDouble(const Value& value) {

@@ -47,6 +47,7 @@ class Arguments {
 
     void CheckCount(std::size_t targets) const;
     bool Has(std::size_t index) const { return index < words_.size() && !words_[index].IsEmpty(); }
+    double NumberAt(std::size_t index) const;
     void ReadRaw(std::size_t index, Word& target) const;
     void Read(std::size_t index, Value& target) const;
     void Read(std::size_t index, std::u16string& target) const;

@@ -44,7 +44,7 @@ Value CallHandler(xxCmdData& function, const Arguments& arguments) {
     return result;
 }
 
-Value EvalHoles(const WordPlan& plan) {
+[[gnu::noinline]] Value EvalHoles(const WordPlan& plan) {
     std::u16string text = plan.literals[0];
     for (std::size_t i = 0; i < plan.parts.size(); ++i) {
         Word inner = plan.parts[i];
@@ -118,6 +118,14 @@ inline const Value* SimpleValue(const WordPlan& plan) {
     }
 }
 
+Value EvalLongJoin(const WordPlan& plan, std::size_t first) {
+    Value text = EvalWord(plan.parts[first]);
+    for (std::size_t i = first + 1; i < plan.parts.size(); ++i) {
+        text.Append(EvalWord(plan.parts[i]));
+    }
+    return text;
+}
+
 // The word is held: a nested run may drop the statement that owns it.
 [[gnu::noinline]] Value EvalGuarded(const Word held) {
     const NestingGuard guard(held.Text().size());
@@ -135,18 +143,28 @@ Value EvalWord(const Word& word) {
 
 Value EvalWord(Word& word) {
     if (word.IsEmpty()) return Value();
-    const Word held = word;
+    Word held = word;
     const WordPlan& plan = held.Plan();
     if (!plan.rewritten.empty() || plan.kind == PlanKind::kEmpty) word = Word(plan.rewritten);
     if (const Value* simple = SimpleValue(plan)) return *simple;
-    return EvalGuarded(held);
+    return EvalGuarded(std::move(held));
 }
 
+// A few parts of usual length are put together at once.
 Value EvalJoin(const WordPlan& plan, std::size_t first) {
-    Value text = EvalWord(plan.parts[first]);
-    for (std::size_t i = first + 1; i < plan.parts.size(); ++i) {
-        text.Append(EvalWord(plan.parts[i]));
+    constexpr std::size_t kFewParts = 4;
+    const std::size_t count = plan.parts.size() - first;
+    if (count > kFewParts) return EvalLongJoin(plan, first);
+    Value values[kFewParts];
+    const Value* parts[kFewParts];
+    for (std::size_t i = 0; i < count; ++i) {
+        values[i] = EvalWord(plan.parts[first + i]);
+        parts[i] = &values[i];
     }
+    Value text;
+    if (count > 1 && text.TryJoin({parts, count})) return text;
+    text = std::move(values[0]);
+    for (std::size_t i = 1; i < count; ++i) text.Append(std::exchange(values[i], Value()));
     return text;
 }
 

@@ -251,9 +251,6 @@ Decimal DecimalByScale(double magnitude) {
     return decimal;
 }
 
-// The longest texts: -1.23456789012345E-308 and -0.000123456789012345.
-constexpr std::size_t kLongestText = 22;
-
 class NumberText {
   public:
     NumberText(double number, int digits) {
@@ -334,10 +331,13 @@ bool IsCanonicalInteger(std::u16string_view text) {
 
 template <typename Integer>
 std::optional<Integer> NearestInteger(double number) {
+    constexpr double kLowest = std::numeric_limits<Integer>::min();
+    constexpr double kHighest = std::numeric_limits<Integer>::max();
+    // Most numbers are whole.
+    const bool inRange = number >= kLowest && number <= kHighest;
+    if (inRange && static_cast<Integer>(number) == number) return static_cast<Integer>(number);
     const double rounded = std::nearbyint(number);
-    const bool fits = rounded >= std::numeric_limits<Integer>::min() &&
-                      rounded <= std::numeric_limits<Integer>::max();
-    if (!fits) return std::nullopt;
+    if (!(rounded >= kLowest && rounded <= kHighest)) return std::nullopt;
     return static_cast<Integer>(rounded);
 }
 
@@ -405,29 +405,42 @@ std::u16string FormatSingle(float number) {
 
 namespace {
 
-// The common case of AppendNumber, told digit by digit.
-void AppendShortInteger(std::u16string& text, double number) {
-    char16_t digits[kDigits + 1];
-    char16_t* const end = std::end(digits);
-    char16_t* first = end;
-    std::uint64_t rest = static_cast<std::uint64_t>(std::abs(number));
-    do {
-        *--first = static_cast<char16_t>(u'0' + rest % 10);
-        rest /= 10;
-    } while (rest != 0);
-    if (number < 0) *--first = u'-';
-    text.append(first, end);
+// The digits of 0 to 99.
+constexpr std::array<char16_t, 200> kDigitPairs = [] {
+    std::array<char16_t, 200> pairs{};
+    for (std::size_t i = 0; i < pairs.size(); ++i) {
+        const std::size_t number = i / 2;
+        pairs[i] = static_cast<char16_t>(u'0' + (i % 2 == 0 ? number / 10 : number % 10));
+    }
+    return pairs;
+}();
+
+// The common case of WriteNumber, told by pairs of digits from the last one.
+char16_t* WriteShortInteger(char16_t* at, double number) {
+    auto rest = static_cast<std::uint64_t>(std::abs(number));
+    if (number < 0) *at++ = u'-';
+    char16_t* end = at + 1;
+    for (std::uint64_t limit = 10; rest >= limit; limit *= 10) ++end;
+    char16_t* digit = end;
+    for (; rest >= 10; rest /= 100) {
+        digit -= 2;
+        std::copy_n(&kDigitPairs[rest % 100 * 2], 2, digit);
+    }
+    if (digit != at) *at = static_cast<char16_t>(u'0' + rest);
+    return end;
 }
 
 }  // namespace
 
-void AppendNumber(std::u16string& text, double number) {
-    if (IsShortInteger(number)) {
-        AppendShortInteger(text, number);
-        return;
-    }
+char16_t* WriteNumber(char16_t* at, double number) {
+    if (IsShortInteger(number)) return WriteShortInteger(at, number);
     const NumberText digits(number, kDigits);
-    text.append(digits.begin(), digits.end());
+    return std::copy(digits.begin(), digits.end(), at);
+}
+
+void AppendNumber(std::u16string& text, double number) {
+    char16_t digits[kLongestNumber];
+    text.append(digits, static_cast<std::size_t>(WriteNumber(digits, number) - digits));
 }
 
 std::u16string FormatNumber(double number) {
@@ -453,7 +466,7 @@ double RoundFraction(double number) {
 bool IsCanonicalNumber(std::u16string_view text, double& number) {
     if (text.empty() || !(IsDigit(text.front()) || text.front() == u'-')) return false;
     if (IsCanonicalInteger(text)) return ReadShortNumber(text, number);
-    if (text.size() > kLongestText) return false;
+    if (text.size() > kLongestNumber) return false;
     const std::optional<double> parsed = ParseNumber(text);
     if (!parsed) return false;
     const NumberText canonical(*parsed, kDigits);

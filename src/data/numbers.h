@@ -3,6 +3,7 @@
 // number calls it.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -51,6 +52,11 @@ std::u16string FormatNumber(double number);
 
 /// The same for a single: at most 7 significant digits, and the exponent form from 1E+07 on.
 std::u16string FormatSingle(float number);
+
+/// Writes FormatNumber(number) to a place with room for the longest, -1.23456789012345E-308; returns
+/// its end.
+inline constexpr std::size_t kLongestNumber = 22;
+char16_t* WriteNumber(char16_t* at, double number);
 
 /// Appends FormatNumber(number).
 void AppendNumber(std::u16string& text, double number);

@@ -1,7 +1,7 @@
 // Small operations on UTF-16 text.
 #include "data/text.h"
 
-#include <array>
+#include <algorithm>
 #include <bit>
 #include <cstring>
 
@@ -12,50 +12,80 @@ namespace velm {
 
 namespace {
 
-// Eight units, which one instruction compares where the machine has such.
+// Eight units, which one instruction compares where the machine has such, and a mark of a byte for each.
 using EightUnits = char16_t __attribute__((vector_size(16)));
+using EightMarks = std::uint8_t __attribute__((vector_size(8)));
 constexpr std::size_t kUnitsAStep = 8;
+constexpr std::uint64_t kMark = 0xFF;
+constexpr std::size_t kMarkBits = 8;
+constexpr bool kMarksInOrder = std::endian::native == std::endian::little;
 
-// All bits set in the units at the place that are the wanted ones: the first four and the last four.
-std::array<std::uint64_t, 2> MatchingUnits(const char16_t* at, const EightUnits& wanted) {
+// All bits set in the marks of the units at the place that are the wanted ones; the first unit's lowest.
+std::uint64_t MatchingUnits(const char16_t* at, const EightUnits& wanted) {
     EightUnits units;
     std::memcpy(&units, at, sizeof units);
-    return std::bit_cast<std::array<std::uint64_t, 2>>(units == wanted);
+    return std::bit_cast<std::uint64_t>(__builtin_convertvector(units == wanted, EightMarks));
 }
 
-std::size_t FirstMatch(const std::array<std::uint64_t, 2>& found) {
-    constexpr std::size_t kHalf = kUnitsAStep / 2;
-    const std::size_t half = found[0] != 0 ? 0 : 1;
-    return half * kHalf + static_cast<std::size_t>(std::countr_zero(found[half])) / 16;
+bool SameUnits(const char16_t* left, const char16_t* right, std::size_t count) {
+    constexpr std::size_t kFew = 8;
+    if (count > kFew) return std::memcmp(left, right, count * sizeof(char16_t)) == 0;
+    for (std::size_t i = 0; i < count; ++i) {
+        if (left[i] != right[i]) return false;
+    }
+    return true;
 }
 
-// The first such unit at or behind the offset, or the size of the text.
-std::size_t FindUnit(std::u16string_view text, char16_t unit, std::size_t from) {
-    const char16_t* units = text.data();
-    if constexpr (std::endian::native == std::endian::little) {
-        const EightUnits wanted = {unit, unit, unit, unit, unit, unit, unit, unit};
-        for (; from + kUnitsAStep <= text.size(); from += kUnitsAStep) {
-            const std::array<std::uint64_t, 2> found = MatchingUnits(units + from, wanted);
-            if ((found[0] | found[1]) != 0) return from + FirstMatch(found);
+// Calls hit with the place of each occurrence of a needle that isn't empty, from the left and none
+// overlapping, for as long as it answers true.
+template <class Hit>
+inline void ForEachOccurrence(std::u16string_view text, std::u16string_view needle,
+                              std::size_t from, Hit hit) {
+    if (needle.size() > text.size() || from > text.size()) return;
+    const char16_t* const units = text.data();
+    const char16_t first = needle.front();
+    const std::u16string_view tail = needle.substr(1);
+    const std::size_t end = text.size() - tail.size();  // behind the last place where it can begin
+    const auto isAt = [&](std::size_t place) {
+        return SameUnits(units + place + 1, tail.data(), tail.size());
+    };
+    if (kMarksInOrder && text.size() >= kUnitsAStep) {
+        const EightUnits wanted = {first, first, first, first, first, first, first, first};
+        while (from < end) {
+            // The last step looks at some units again.
+            const std::size_t at = std::min(from, text.size() - kUnitsAStep);
+            for (std::uint64_t marks = MatchingUnits(units + at, wanted); marks != 0;) {
+                const auto bit = static_cast<std::size_t>(std::countr_zero(marks));
+                marks &= ~(kMark << bit);
+                const std::size_t place = at + bit / kMarkBits;
+                if (place < from || place >= end || !isAt(place)) continue;
+                if (!hit(place)) return;
+                from = place + needle.size();
+            }
+            from = std::max(from, at + kUnitsAStep);
+        }
+        return;
+    }
+    while (from < end) {
+        if (units[from] != first || !isAt(from)) {
+            ++from;
+        } else {
+            if (!hit(from)) return;
+            from += needle.size();
         }
     }
-    while (from < text.size() && units[from] != unit) ++from;
-    return from;
 }
 
 }  // namespace
 
 std::size_t FindText(std::u16string_view text, std::u16string_view needle, std::size_t from) {
     if (needle.empty()) return text.find(needle, from);
-    if (needle.size() > text.size()) return kNotFound;
-    const std::u16string_view heads = text.substr(0, text.size() - needle.size() + 1);
-    const std::u16string_view tail = needle.substr(1);
-    for (; from < heads.size(); ++from) {
-        from = FindUnit(heads, needle.front(), from);
-        if (from == heads.size()) break;
-        if (text.compare(from + 1, tail.size(), tail) == 0) return from;
-    }
-    return kNotFound;
+    std::size_t place = kNotFound;
+    ForEachOccurrence(text, needle, from, [&place](std::size_t hit) {
+        place = hit;
+        return false;
+    });
+    return place;
 }
 
 std::u16string_view TrimLeft(std::u16string_view text) {
@@ -76,31 +106,35 @@ std::u16string_view TrimRight(std::u16string_view text, std::size_t n) {
 
 std::u16string ReplaceAll(std::u16string_view text, std::u16string_view needle,
                           std::u16string_view replacement) {
-    if (needle.empty()) return std::u16string(text);
-    std::size_t hit = FindText(text, needle);
-    if (hit == kNotFound) return std::u16string(text);
+    const std::size_t count = CountOf(text, needle);
     std::u16string out;
-    // A text that grows is counted first: to grow by doubling costs more than a second look.
-    out.reserve(replacement.size() <= needle.size()
-                    ? text.size()
-                    : text.size() + CountOf(text, needle) * (replacement.size() - needle.size()));
+    out.reserve(text.size() - count * needle.size() + count * replacement.size());
+    AppendReplaced(out, text, needle, replacement);
+    return out;
+}
+
+void AppendReplaced(std::u16string& out, std::u16string_view text, std::u16string_view needle,
+                    std::u16string_view replacement) {
     std::size_t from = 0;
-    for (; hit != kNotFound; hit = FindText(text, needle, from)) {
-        out.append(text.substr(from, hit - from)).append(replacement);
-        from = hit + needle.size();
+    if (!needle.empty()) {
+        ForEachOccurrence(text, needle, 0, [&](std::size_t hit) {
+            out.append(text.data() + from, hit - from).append(replacement);
+            from = hit + needle.size();
+            return true;
+        });
     }
-    return out.append(text.substr(from));
+    out.append(text.substr(from));
 }
 
 std::vector<std::u16string_view> Split(std::u16string_view text, std::u16string_view separator) {
     std::vector<std::u16string_view> parts;
     std::size_t from = 0;
     if (!separator.empty()) {
-        for (std::size_t hit = FindText(text, separator); hit != kNotFound;
-             hit = FindText(text, separator, from)) {
+        ForEachOccurrence(text, separator, 0, [&](std::size_t hit) {
             parts.push_back(text.substr(from, hit - from));
             from = hit + separator.size();
-        }
+            return true;
+        });
     }
     parts.push_back(text.substr(from));
     return parts;
@@ -120,22 +154,21 @@ std::u16string Join(const std::vector<std::u16string>& parts, std::u16string_vie
 std::size_t CountOf(std::u16string_view text, std::u16string_view needle) {
     if (needle.empty()) return 0;
     std::size_t count = 0;
-    for (std::size_t hit = FindText(text, needle); hit != kNotFound;
-         hit = FindText(text, needle, hit + needle.size())) {
+    ForEachOccurrence(text, needle, 0, [&count](std::size_t) {
         ++count;
-    }
+        return true;
+    });
     return count;
 }
 
 std::size_t NthToken(std::u16string_view text, std::u16string_view needle, std::size_t n) {
     if (needle.empty() || n == 0) return 0;
-    std::size_t from = 0;
-    for (std::size_t count = 1;; ++count) {
-        const std::size_t hit = FindText(text, needle, from);
-        if (hit == kNotFound) return 0;
-        if (count == n) return hit + 1;
-        from = hit + needle.size();
-    }
+    std::size_t position = 0;
+    ForEachOccurrence(text, needle, 0, [&](std::size_t hit) {
+        if (--n == 0) position = hit + 1;
+        return n != 0;
+    });
+    return position;
 }
 
 void CheckMadeLength(std::uint64_t units) {

@@ -32,6 +32,10 @@ std::size_t FindText(std::u16string_view text, std::u16string_view needle, std::
 std::u16string ReplaceAll(std::u16string_view text, std::u16string_view needle,
                           std::u16string_view replacement);
 
+// Appends ReplaceAll to a text, which must be another one. One with room for it takes no memory.
+void AppendReplaced(std::u16string& out, std::u16string_view text, std::u16string_view needle,
+                    std::u16string_view replacement);
+
 // The parts between the separators; always at least one part. The views point into text.
 std::vector<std::u16string_view> Split(std::u16string_view text, std::u16string_view separator);
 std::vector<std::u16string_view> SplitLines(std::u16string_view text);

@@ -1,6 +1,9 @@
 // Values: text with hidden caches of number, cells, rows and entries.
 #include "data/value.h"
 
+#include <algorithm>
+#include <array>
+
 #include "data/entries_form.h"
 #include "data/failure.h"
 #include "data/fields.h"
@@ -26,6 +29,18 @@ const std::u16string kEmptyText;
 // memory before a request for more is refused.
 constexpr std::size_t kLongestGrowing = std::size_t{1} << 29;
 
+// The records that wait to be used again, and the longest text whose memory waits with them. Where a
+// sanitizer looks for the use of what was given back, none waits.
+#ifdef __SANITIZE_ADDRESS__
+constexpr bool kRecordsWait = false;
+#else
+constexpr bool kRecordsWait = true;
+#endif
+constexpr std::size_t kMostSpares = 64;
+constexpr std::size_t kMostSpareUnits = 255;
+std::array<ValueRecord*, kMostSpares> spares;
+std::size_t spareCount = 0;
+
 ValueForms& FormsOf(ValueRecord& record) {
     if (!record.forms) record.forms = std::make_unique<ValueForms>();
     return *record.forms;
@@ -48,12 +63,57 @@ std::optional<double> NumberOfRecord(ValueRecord& record) {
     return record.number;
 }
 
+// The texts of a few values, put together aside where they are short: one copy of all is cheaper than one
+// of each.
+class ShortPieces {
+  public:
+    // Whether all of them had room.
+    bool Gather(std::span<const Value* const> values) {
+        for (const Value* value : values) {
+            if (!Add(*value)) return false;
+        }
+        return true;
+    }
+    std::u16string_view Text() const { return {units_, static_cast<std::size_t>(end_ - units_)}; }
+
+  private:
+    static constexpr std::size_t kMost = 96;
+    static constexpr std::size_t kFewUnits = 8;  // fewer than are worth a call
+
+    char16_t units_[kMost];
+    char16_t* end_ = units_;
+
+    std::size_t Room() const { return static_cast<std::size_t>(units_ + kMost - end_); }
+
+    bool Add(const Value& value) {
+        double number = 0;
+        if (value.IsPlainNumber(number)) {
+            if (Room() < kLongestNumber) return false;
+            end_ = WriteNumber(end_, number);
+            return true;
+        }
+        const std::u16string& text = value.Text();
+        if (text.size() > Room()) return false;
+        if (text.size() > kFewUnits) {
+            end_ = std::copy_n(text.data(), text.size(), end_);
+        } else {
+            for (const char16_t unit : text) *end_++ = unit;
+        }
+        return true;
+    }
+};
+
 }  // namespace
 
 Value::Value(std::u16string text) {
     if (text.empty()) return;
-    record_ = new ValueRecord;
+    record_ = NewRecord();
     record_->text = std::move(text);
+}
+
+Value::Value(std::u16string_view text) {
+    if (text.empty()) return;
+    NewText(text.size()).append(text);
 }
 
 Value Value::OfNumberWithText(double number) {
@@ -64,18 +124,49 @@ Value Value::OfNumberWithText(double number) {
     return value;
 }
 
-void Value::Destroy(ValueRecord* record) noexcept { delete record; }
+// A record with an empty text.
+ValueRecord* Value::NewRecord() {
+    if (spareCount == 0) return new ValueRecord;
+    ValueRecord* record = spares[--spareCount];
+    record->owners = 1;
+    record->numberState = NumberState::kUnknown;
+    record->truth = TruthForm::kText;
+    record->textValid = true;
+    record->text.clear();
+    return record;
+}
+
+void Value::Destroy(ValueRecord* record) noexcept {
+    if (record->forms) record->forms.reset();
+    const bool waits = kRecordsWait && kCaches && spareCount < kMostSpares;
+    if (waits && record->text.capacity() <= kMostSpareUnits) {
+        spares[spareCount++] = record;
+    } else {
+        delete record;
+    }
+}
+
+std::u16string& Value::NewText(std::size_t units) {
+    if (!HasRecord() || record_->owners != 1 || record_->forms) {
+        Release();
+        record_ = NewRecord();
+    }
+    record_->numberState = NumberState::kUnknown;
+    record_->text.clear();
+    if (record_->text.capacity() < units) record_->text.reserve(units);
+    return record_->text;
+}
 
 const std::u16string& Value::MakeText() const {
-    auto* record = new ValueRecord;
-    record->text = FormatNumber(number_);
+    ValueRecord* record = NewRecord();
+    AppendNumber(record->text, number_);
     record->number = number_;
     record->numberState = NumberState::kNumber;
     record_ = record;
     return record->text;
 }
 
-const std::u16string& Value::Text() const {
+const std::u16string& Value::TextOfOther() const {
     if (record_ == nullptr) return kEmptyText;
     if (IsNumberOnly()) return MakeText();
     UpdateText(*record_);
@@ -110,7 +201,7 @@ void Value::AppendTo(std::u16string& out) const {
 // The record, made where there is none yet.
 ValueRecord& Value::Record() const {
     if (record_ == nullptr) {
-        record_ = new ValueRecord;
+        record_ = NewRecord();
     } else if (IsNumberOnly()) {
         MakeText();
     }
@@ -121,7 +212,7 @@ ValueRecord& Value::Record() const {
 ValueRecord& Value::OwnRecord() {
     ValueRecord& shared = Record();
     if (shared.owners == 1) return shared;
-    auto* own = new ValueRecord;
+    ValueRecord* own = NewRecord();
     if (shared.textValid) {
         own->text = shared.text;
     } else {
@@ -148,50 +239,65 @@ void Value::Append(const Value& tail) {
 }
 
 bool Value::TryAppend(std::span<const Value* const> tails) {
-    constexpr std::size_t kLongestTail = 4096;
     if (!HasRecord() || record_->owners != 1 || record_->truth != TruthForm::kText) return false;
     std::u16string& text = record_->text;
     const std::size_t size = text.size();
     if (size == 0 || size > kLongestGrowing / 2) return false;
-    for (const Value* tail : tails) {
-        if (!tail->HasRecord()) continue;
-        if (!tail->record_->textValid || tail->record_->text.size() > kLongestTail) return false;
-    }
+    bool fits = false;
     const bool done = Attempt([&] {
-        for (const Value* tail : tails) tail->AppendTo(text);
+        ShortPieces pieces;
+        fits = pieces.Gather(tails);
+        if (fits) {
+            text.append(pieces.Text());
+        } else if (UsualSize(tails)) {
+            for (const Value* tail : tails) tail->AppendTo(text);
+            fits = true;
+        }
     });
     if (!done) {
         pendingFailure.Clear();
         text.resize(size);
         return false;
     }
-    Changed(TruthForm::kText);
-    return true;
+    if (fits) Changed(TruthForm::kText);
+    return fits;
+}
+
+// The most units that the values take together; nothing when one has no text at hand or a very long one.
+std::optional<std::size_t> Value::UsualSize(std::span<const Value* const> values) {
+    constexpr std::size_t kLongest = 4096;
+    std::size_t size = 0;
+    for (const Value* value : values) {
+        if (value->IsNumberOnly()) size += kLongestNumber;
+        if (!value->HasRecord()) continue;
+        const ValueRecord& record = *value->record_;
+        if (!record.textValid || record.text.size() > kLongest) return std::nullopt;
+        size += record.text.size();
+    }
+    return size;
 }
 
 bool Value::TryJoin(std::span<const Value* const> parts) {
-    constexpr std::size_t kLongestPart = 4096;
-    constexpr std::size_t kLongestNumber = 32;
-    std::size_t size = 0;
-    for (const Value* part : parts) {
-        if (part->IsNumberOnly()) size += kLongestNumber;
-        if (!part->HasRecord()) continue;
-        if (!part->record_->textValid || part->record_->text.size() > kLongestPart) return false;
-        size += part->record_->text.size();
-    }
     const bool inPlace = HasRecord() && record_->owners == 1 && !record_->forms;
     Value joined;
+    Value& place = inPlace ? *this : joined;
+    bool fits = false;
     const bool done = Attempt([&] {
-        ValueRecord& record = inPlace ? *record_ : joined.Record();
-        if (record.text.capacity() < size) record.text.reserve(size);
+        ShortPieces pieces;
+        fits = pieces.Gather(parts);
+        if (fits) {
+            place.Record().text.assign(pieces.Text());
+        } else if (const std::optional<std::size_t> size = UsualSize(parts)) {
+            std::u16string& text = place.Record().text;
+            if (text.capacity() < *size) text.reserve(*size);
+            text.clear();
+            for (const Value* part : parts) part->AppendTo(text);
+            fits = true;
+        }
     });
-    if (!done) {
-        pendingFailure.Clear();
-        return false;
-    }
+    if (!done) pendingFailure.Clear();
+    if (!done || !fits) return false;
     if (!inPlace) Swap(joined);
-    record_->text.clear();
-    for (const Value* part : parts) part->AppendTo(record_->text);
     record_->numberState = NumberState::kUnknown;
     return true;
 }

@@ -11,7 +11,8 @@
 // A form is made on the first access by index, and kept when a cell is stored: the text is then out
 // of date until it is asked for. So access by index costs the same however large the table is. All
 // of it lies in a shared record with a count of its owners: copying a value is copying a pointer,
-// and a store into a record with several owners copies the record first.
+// and a store into a record with several owners copies the record first. A record that nobody holds any
+// more waits to be used again, with the memory of a short text: a short text costs no memory anew.
 //
 // One thread only. With VELM_NO_CACHES every form is dropped after its use.
 #pragma once
@@ -35,8 +36,8 @@ class Value {
     // The empty text.
     Value() noexcept = default;
     explicit Value(std::u16string text);
-    explicit Value(std::u16string_view text) : Value(std::u16string(text)) {}
-    explicit Value(const char16_t* text) : Value(std::u16string(text)) {}
+    explicit Value(std::u16string_view text);
+    explicit Value(const char16_t* text) : Value(std::u16string_view(text)) {}
     // A number; its text is the number with at most 15 significant digits.
     static Value OfNumber(double number) {
         const double rounded = RoundToText(number);
@@ -56,8 +57,13 @@ class Value {
         other.record_ = nullptr;
     }
     Value& operator=(const Value& other) noexcept {
-        Value copy(other);
-        Swap(copy);
+        // The other may be this one, or lie in what is given up.
+        ValueRecord* const record = other.record_;
+        const double number = other.number_;
+        other.Retain();
+        Release();
+        record_ = record;
+        number_ = number;
         return *this;
     }
     Value& operator=(Value&& other) noexcept {
@@ -75,7 +81,12 @@ class Value {
     }
 
     // The text. The reference holds until this value changes or dies.
-    const std::u16string& Text() const;
+    const std::u16string& Text() const {
+        return HasRecord() && record_->textValid ? record_->text : TextOfOther();
+    }
+    // Makes this the empty text, with room for so many units, and hands the text out to be written before
+    // anything else is done with this value. Throws std::bad_alloc with the empty text kept.
+    std::u16string& NewText(std::size_t units);
     bool IsEmpty() const {
         if (!HasRecord()) return record_ == nullptr;
         return record_->textValid ? record_->text.empty() : FormIsEmpty();
@@ -193,9 +204,12 @@ class Value {
         if (HasRecord() && --record_->owners == 0) Destroy(record_);
         record_ = nullptr;
     }
+    static ValueRecord* NewRecord();
     static void Destroy(ValueRecord* record) noexcept;
+    const std::u16string& TextOfOther() const;
     const std::u16string& MakeText() const;
     bool FormIsEmpty() const;
+    static std::optional<std::size_t> UsualSize(std::span<const Value* const> values);
     ValueRecord& Record() const;
     ValueRecord& OwnRecord();
     bool IsSoleTruth(TruthForm truth) const;

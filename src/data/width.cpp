@@ -58,7 +58,12 @@ char16_t LowerGreek(char16_t unit) {
     }
 }
 
+// From here on no letter has a case up to the full-width Latin: kana, kanji.
+constexpr char16_t kFirstWithoutCase = u'\u0500';
+bool HasNoCase(char16_t unit) { return Between(unit, kFirstWithoutCase, u'\uFEFF'); }
+
 char16_t UpperOf(char16_t unit) {
+    if (HasNoCase(unit)) return unit;
     if (unit < 0x80) return Between(unit, u'a', u'z') ? Moved(unit, -32) : unit;
     if (unit < 0x100) {
         if (unit == u'ÿ') return u'Ÿ';
@@ -71,6 +76,7 @@ char16_t UpperOf(char16_t unit) {
 }
 
 char16_t LowerOf(char16_t unit) {
+    if (HasNoCase(unit)) return unit;
     if (unit < 0x80) return Between(unit, u'A', u'Z') ? Moved(unit, 32) : unit;
     if (unit < 0x100) {
         return Between(unit, u'À', u'Þ') && unit != u'×' ? Moved(unit, 32) : unit;
@@ -83,9 +89,14 @@ char16_t LowerOf(char16_t unit) {
 }
 
 template <typename Map>
+void MapInPlace(std::u16string& text, Map map) {
+    for (char16_t& unit : text) unit = map(unit);
+}
+
+template <typename Map>
 std::u16string MapUnits(std::u16string_view text, Map map) {
     std::u16string result(text);
-    for (char16_t& unit : result) unit = map(unit);
+    MapInPlace(result, map);
     return result;
 }
 
@@ -143,6 +154,10 @@ std::u16string ToKatakana(std::u16string_view text) { return MapUnits(text, Kata
 std::u16string ToUpper(std::u16string_view text) { return MapUnits(text, UpperOf); }
 
 std::u16string ToLower(std::u16string_view text) { return MapUnits(text, LowerOf); }
+
+void MakeUpper(std::u16string& text) { MapInPlace(text, UpperOf); }
+
+void MakeLower(std::u16string& text) { MapInPlace(text, LowerOf); }
 
 std::u16string FoldName(std::u16string_view name) {
     std::size_t at = FirstFolded(name);

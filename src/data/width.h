@@ -29,6 +29,8 @@ std::u16string ToKatakana(std::u16string_view text);
 /// Letters whose partner is more than one letter or another alphabet's (ß, µ) stay.
 std::u16string ToUpper(std::u16string_view text);
 std::u16string ToLower(std::u16string_view text);
+void MakeUpper(std::u16string& text);
+void MakeLower(std::u16string& text);
 
 /// The key form of a name, equal for two names exactly when they are the same name: letter case
 /// and width are ignored, a voiced half-width pair meets its full-width letter, hiragana and

@@ -2,6 +2,7 @@
 // a text which it only looks at: a target is a Value, and an unchanged text is given back as it is.
 #include "functions/text_functions.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -75,25 +76,27 @@ char16_t CharacterOf(std::int32_t code) {
                         : SingleByteCharacter(low);
 }
 
-std::u16string Repeated(std::u16string_view text, std::size_t times) {
+// The text grows by itself up to a block, and then by such blocks, which the machine copies fastest.
+void Repeat(std::u16string_view text, std::size_t times, Value& result) {
+    constexpr std::size_t kBlock = 4096;
     CheckMadeLength(std::uint64_t{times} * text.size());
-    if (text.size() == 1) return std::u16string(times, text.front());
-    std::u16string out;
-    if (text.empty()) return out;
-    out.reserve(times * text.size());
-    for (std::size_t i = 0; i < times; ++i) out.append(text);
-    return out;
+    const std::size_t size = times * text.size();
+    if (size == 0) return;
+    std::u16string& out = result.NewText(size);
+    const std::size_t block = std::max<std::size_t>(kBlock / text.size(), 1) * text.size();
+    out.append(text);
+    while (out.size() < size) {
+        out.append(out.data(), std::min({out.size(), block, size - out.size()}));
+    }
 }
 
-// A replacement that is longer than what it replaces can make a text of millions of units out of
-// thousands.
-void CheckReplacement(std::u16string_view text, std::u16string_view find,
-                      std::u16string_view replacement) {
-    if (replacement.size() <= find.size()) return;
-    const std::uint64_t grown = replacement.size() - find.size();
-    const std::uint64_t atMost = text.size() / find.size();
-    if (text.size() + atMost * grown <= kLongestMadeText) return;
-    CheckMadeLength(text.size() + CountOf(text, find) * grown);
+using CaseFunction = void (*)(std::u16string& text);
+
+void MapWith(CaseFunction map, Value& result, const Arguments& arguments) {
+    Value text;
+    arguments.Split(text);
+    const std::u16string& from = text.Text();
+    if (!from.empty()) map(result.NewText(from.size()).append(from));
 }
 
 }  // namespace
@@ -152,12 +155,18 @@ void FnReplace(Value& result, Arguments& arguments) {
     Value find;
     Value replacement;
     arguments.Split(text, find, replacement);
-    if (find.IsEmpty() || !Contains(text.Text(), find.Text())) {
+    const std::u16string& all = text.Text();
+    const std::u16string& old = find.Text();
+    const std::u16string& put = replacement.Text();
+    const std::size_t count = CountOf(all, old);
+    if (count == 0) {
         result = text;
         return;
     }
-    CheckReplacement(text.Text(), find.Text(), replacement.Text());
-    result = Value(ReplaceAll(text.Text(), find.Text(), replacement.Text()));
+    const std::size_t size = all.size() - count * old.size() + count * put.size();
+    // A replacement that is longer can make a text of millions of units out of thousands.
+    if (put.size() > old.size()) CheckMadeLength(size);
+    AppendReplaced(result.NewText(size), all, old, put);
 }
 
 void FnBetween(Value& result, Arguments& arguments) {
@@ -199,32 +208,24 @@ void FnTrimRight(Value& result, Arguments& arguments) { TrimWith(TrimRight, resu
 void FnCharacter(Value& result, Arguments& arguments) {
     std::int32_t code = 0;
     arguments.Split(code);
-    result = Value(std::u16string(1, CharacterOf(code)));
+    result.NewText(1) = CharacterOf(code);
 }
 
-void FnUpper(Value& result, Arguments& arguments) {
-    Value text;
-    arguments.Split(text);
-    result = Value(ToUpper(text.Text()));
-}
+void FnUpper(Value& result, Arguments& arguments) { MapWith(MakeUpper, result, arguments); }
 
-void FnLower(Value& result, Arguments& arguments) {
-    Value text;
-    arguments.Split(text);
-    result = Value(ToLower(text.Text()));
-}
+void FnLower(Value& result, Arguments& arguments) { MapWith(MakeLower, result, arguments); }
 
 void FnRepeat(Value& result, Arguments& arguments) {
     std::int32_t times = 0;
     Value text;
     arguments.Split(times, text);
-    result = Value(Repeated(text.Text(), ToCount(times)));
+    Repeat(text.Text(), ToCount(times), result);
 }
 
 void FnBlanks(Value& result, Arguments& arguments) {
     std::int32_t count = 0;
     arguments.Split(count);
-    result = Value(Repeated(u" ", ToCount(count)));
+    Repeat(u" ", ToCount(count), result);
 }
 
 void FnLineEnd(Value& result, Arguments&) { result = Value(kCrLf); }

@@ -77,7 +77,7 @@ void FnFind(Value& result, Arguments& arguments) {
         result = Value::OfInteger(start);
         return;
     }
-    result = PositionOf(text.Text().find(find.Text(), static_cast<std::size_t>(start) - 1));
+    result = PositionOf(FindText(text.Text(), find.Text(), static_cast<std::size_t>(start) - 1));
 }
 
 void FnFindLast(Value& result, Arguments& arguments) {

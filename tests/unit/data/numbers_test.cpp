@@ -224,6 +224,29 @@ TEST(FormatNumber, WhatIsNoNumberIsZero) {
     EXPECT_EQ(FormatNumber(-std::numeric_limits<double>::infinity()), u"0");
 }
 
+TEST(FormatNumber, WritesEveryCountOfDigits) {
+    std::u16string digits;
+    double number = 0;
+    for (const char16_t digit : std::u16string_view(u"907050302010809")) {
+        digits += digit;
+        number = number * 10 + (digit - u'0');
+        EXPECT_EQ(FormatNumber(number), digits);
+        EXPECT_EQ(FormatNumber(-number), u"-" + digits);
+    }
+    for (double power = 10; power < 1e15; power *= 10) {
+        EXPECT_EQ(ParseNumber(FormatNumber(power)), power);
+        EXPECT_EQ(FormatNumber(power).size(), FormatNumber(power - 1).size() + 1);
+    }
+}
+
+TEST(FormatNumber, TheLongestHasRoom) {
+    char16_t place[kLongestNumber];
+    const std::u16string_view longest = u"-1.23456789012345E-300";
+    EXPECT_EQ(longest.size(), kLongestNumber);
+    const char16_t* end = WriteNumber(place, -1.23456789012345e-300);
+    EXPECT_EQ(std::u16string_view(place, static_cast<std::size_t>(end - place)), longest);
+}
+
 TEST(FormatNumber, AppendsInPlace) {
     std::u16string text = u"値は";
     AppendNumber(text, -1.5);

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
 #include <string>
 #include <vector>
 
@@ -111,6 +112,64 @@ TEST(FindText, AnswersAsTheStandardSearchAtEveryPlace) {
             }
         }
     }
+}
+
+// What the searches do, unit by unit.
+struct PlainSearch {
+    std::u16string replaced;
+    std::vector<std::size_t> places;
+
+    PlainSearch(std::u16string_view text, std::u16string_view needle,
+                std::u16string_view replacement) {
+        for (std::size_t at = 0; at < text.size();) {
+            if (!needle.empty() && text.substr(at).starts_with(needle)) {
+                places.push_back(at);
+                replaced.append(replacement);
+                at += needle.size();
+            } else {
+                replaced += text[at++];
+            }
+        }
+    }
+};
+
+std::u16string RandomText(std::mt19937& random, std::size_t size, std::u16string_view units) {
+    std::u16string text(size, u' ');
+    for (char16_t& unit : text) unit = units[random() % units.size()];
+    return text;
+}
+
+// Few different units, so that occurrences meet, overlap and end where a step of eight ends.
+TEST(FindText, EverySearchAnswersAsAWalkUnitByUnit) {
+    std::mt19937 random(7);
+    const std::u16string_view units = u"ab\xD83D\xDE00";
+    for (int round = 0; round < 4000; ++round) {
+        const std::u16string text = RandomText(random, random() % 45, units);
+        const std::u16string needle = RandomText(random, random() % 12, units);
+        const std::u16string put = RandomText(random, random() % 4, units);
+        const PlainSearch plain(text, needle, put);
+        ASSERT_EQ(CountOf(text, needle), plain.places.size());
+        ASSERT_EQ(ReplaceAll(text, needle, put), plain.replaced);
+        ASSERT_EQ(Split(text, needle).size(), plain.places.size() + 1);
+        for (std::size_t n = 1; n <= plain.places.size(); ++n) {
+            ASSERT_EQ(NthToken(text, needle, n), plain.places[n - 1] + 1);
+        }
+        ASSERT_EQ(NthToken(text, needle, plain.places.size() + 1), 0U);
+    }
+}
+
+TEST(FindText, LooksNowhereBehindTheText) {
+    EXPECT_EQ(FindText(u"0123456789", u"9", kNotFound), kNotFound);
+    EXPECT_EQ(FindText(u"0123456789", u"9", kNotFound - 4), kNotFound);
+    EXPECT_EQ(FindText(std::u16string_view(u"0123456789").substr(0, 9), u"89"), kNotFound);
+}
+
+TEST(Text, AppendReplacedKeepsWhatIsThere) {
+    std::u16string out = u"x";
+    AppendReplaced(out, u"abab", u"b", u"--");
+    AppendReplaced(out, u"ab", u"", u"--");
+    AppendReplaced(out, u"", u"b", u"--");
+    EXPECT_EQ(out, u"xa--a--ab");
 }
 
 }  // namespace

@@ -210,6 +210,65 @@ TEST(Value, ACellMayHoldItsOwnTable) {
     EXPECT_EQ(table.Text(), u"a,a\r\n\r\na,a");
 }
 
+TEST(Value, ATextOfATableMayTakeItsPlace) {
+    Value table(u"a,b\r\nc,d");
+    table = table.Row(1);
+    EXPECT_EQ(table.Text(), u"c,d");
+    table = table.Cell(1);
+    EXPECT_EQ(table.Text(), u"d");
+    table = Value(std::u16string_view(table.Text()).substr(1));
+    EXPECT_TRUE(table.IsEmpty());
+}
+
+// Records are used again: nothing of the value that had one before may be seen.
+TEST(Value, ANewTextKnowsNothingOfTheOneBefore) {
+    for (const std::size_t size : {1U, 7U, 8U, 200U, 255U, 256U, 5000U}) {
+        for (int round = 0; round < 3; ++round) {
+            Value number(std::u16string(size, u'0') + u"1,2");
+            EXPECT_EQ(number.Cell(1).Text(), u"2");
+            EXPECT_EQ(number.RowCount(), 1U);
+            number.SetCell(0, Value(u"x"));
+            const Value known(u"12");
+            EXPECT_EQ(known.Number(), 12);
+        }
+        const Value text(std::u16string(size, u'a'));
+        EXPECT_EQ(text.Text(), std::u16string(size, u'a'));
+        EXPECT_EQ(text.Number(), std::nullopt);
+        EXPECT_EQ(text.Cell(0).Text(), text.Text());
+        const Value third = Value::OfNumber(0.5);
+        EXPECT_EQ(third.Text(), u"0.5");
+    }
+}
+
+TEST(Value, ManyValuesMayLiveAndDieAtOnce) {
+    std::vector<Value> values;
+    for (std::size_t i = 0; i < 500; ++i) values.emplace_back(std::u16string(i % 300 + 1, u'v'));
+    values.erase(values.begin(), values.begin() + 400);
+    for (int i = 0; i < 400; ++i) values.push_back(Value(Value::OfInteger(i).Text()));
+    for (std::size_t i = 0; i < 500; ++i) {
+        if (i < 100) {
+            EXPECT_EQ(values[i].Text(), std::u16string((i + 400) % 300 + 1, u'v'));
+        } else {
+            EXPECT_EQ(values[i].Number(), static_cast<double>(i - 100));
+        }
+    }
+}
+
+TEST(Value, ANewTextLeavesTheOtherOwnersTheirs) {
+    Value value(u"1,2");
+    EXPECT_EQ(value.Cell(1).Text(), u"2");
+    const Value copy = value;
+    value.NewText(3) = u"abc";
+    EXPECT_EQ(copy.Text(), u"1,2");
+    EXPECT_EQ(copy.CellCount(), 2U);
+    EXPECT_EQ(value.CellCount(), 1U);
+    value.NewText(0).append(u"5");
+    EXPECT_EQ(value.Number(), 5);
+    value = Value::OfNumber(7);
+    EXPECT_TRUE(value.NewText(100).empty());
+    EXPECT_TRUE(value.IsEmpty());
+}
+
 TEST(Value, SharingIsTold) {
     Value text(u"long enough");
     Value copy = text;
@@ -272,6 +331,26 @@ TEST(Value, AKeyIsReachedAsANumberOnlyThroughTheEntries) {
     EXPECT_FALSE(table.TrySetEntryNumber(key, 9)) << "somebody else holds it";
     EXPECT_EQ(table.Text(), u"b=文\r\na=3\r\nc=4");
     EXPECT_FALSE(table.TrySetEntryNumber(key, 9)) << "the text is a truth too";
+}
+
+TEST(Value, TailsOfAnyLengthAreAppended) {
+    const Value number = Value::OfNumber(-1.23456789012345e-300);
+    const Value empty;
+    for (const std::size_t size : {1U, 8U, 9U, 73U, 74U, 75U, 96U, 97U, 4096U}) {
+        const Value text(std::u16string(size, u't'));
+        const Value* tails[] = {&empty, &text, &number, &empty};
+        Value place(u"x");
+        EXPECT_TRUE(place.TryAppend(tails));
+        const std::u16string expected = text.Text() + u"-1.23456789012345E-300";
+        EXPECT_EQ(place.Text(), u"x" + expected);
+        EXPECT_TRUE(place.TryJoin(tails));
+        EXPECT_EQ(place.Text(), expected);
+    }
+    const Value tooLong(std::u16string(4097, u't'));
+    const Value* tails[] = {&tooLong};
+    Value place(u"x");
+    EXPECT_FALSE(place.TryAppend(tails));
+    EXPECT_EQ(place.Text(), u"x");
 }
 
 TEST(Value, AJoinTakesThePlaceOfAText) {
