@@ -17,6 +17,7 @@
 #include "core/sentence.h"
 #include "data/brackets.h"
 #include "data/code_page_932.h"
+#include "data/csv.h"
 #include "data/failure.h"
 #include "data/lists.h"
 #include "data/numbers.h"

@@ -29,6 +29,7 @@
 #include "data/sort_order.h"
 #include "data/table_column.h"
 #include "data/text.h"
+#include "data/unit_scan.h"
 #include "data/value.h"
 #include "functions/number_functions.h"
 #include "platform/readings.h"
@@ -77,18 +78,25 @@ SortTarget FindTarget(const Word& word) {
     return target;
 }
 
-// The text in its rows or items, with the key of each.
+// The text in its rows or items, with the key of each. It must outlive this.
 class Pieces {
   public:
-    Pieces(std::u16string_view text, std::optional<std::int32_t> column) {
+    Pieces(std::u16string_view text, std::optional<std::int32_t> column)
+        : escapes_(ContainsUnitOf<u'{'>(text)), wide_(ContainsUnitOf<u'、', u'，'>(text)) {
         if (text.ends_with(kCrLf)) text.remove_suffix(kCrLf.size());
+        size_ = text.size();
         table_ = column.has_value() || Contains(text, kCrLf);
         if (table_) {
             pieces_ = SplitLines(text);
+            keys_.reserve(pieces_.size());
             for (const std::u16string_view line : pieces_) AddKeyOfLine(line, column.value_or(0));
         } else {
-            row_ = NormaliseCommas(text);
-            for (const std::u16string_view item : Split(row_, u",")) AddKey(item);
+            std::size_t from = 0;
+            VisitUnits<u',', u'、', u'，'>(text, 0, [&](std::size_t comma) {
+                AddKey(text.substr(from, comma - from));
+                from = comma + 1;
+            });
+            AddKey(text.substr(from));
         }
     }
     Pieces(const Pieces&) = delete;
@@ -99,20 +107,25 @@ class Pieces {
     // The text in its new order.
     std::u16string Joined(const SortOrder& order) const {
         std::u16string out;
+        out.reserve(size_);
         for (std::size_t i = 0; i < order.size(); ++i) {
             if (i != 0) out.append(table_ ? kCrLf : u",");
             if (table_) {
                 out.append(pieces_[order[i]]);
-            } else {
+            } else if (escapes_) {
                 AppendItem(out, keys_[order[i]]);
+            } else {
+                out.append(keys_[order[i]]);  // cut at its commas it holds nothing to escape
             }
         }
         return out;
     }
 
   private:
+    bool escapes_;
+    bool wide_;
     bool table_ = false;
-    std::u16string row_;
+    std::size_t size_ = 0;
     std::deque<std::u16string> owned_;  // lines and keys that differ from the text; never moved
     std::vector<std::u16string_view> pieces_;
     Keys keys_;
@@ -120,7 +133,8 @@ class Pieces {
     std::u16string_view Own(std::u16string text) { return owned_.emplace_back(std::move(text)); }
 
     void AddKey(std::u16string_view item) {
-        keys_.push_back(item.find(u'{') == kNotFound ? item : Own(UnescapeItem(item)));
+        const bool escaped = escapes_ && item.find(u'{') != kNotFound;
+        keys_.push_back(escaped ? Own(UnescapeItem(item)) : item);
     }
     // An empty line has an empty key whatever the column.
     void AddKeyOfLine(std::u16string_view line, std::int32_t column) {
@@ -129,7 +143,7 @@ class Pieces {
             return;
         }
         if (column < 0) throw Failure(failure::kSubscript);
-        if (line.find_first_of(u"、，") != kNotFound) line = Own(NormaliseCommas(line));
+        if (wide_ && ContainsUnitOf<u'、', u'，'>(line)) line = Own(NormaliseCommas(line));
         bool found = false;
         const std::u16string_view item = CellOfRow(line, static_cast<std::size_t>(column), found);
         if (!found) throw Failure(failure::kSubscript);

@@ -7,6 +7,7 @@
 #include "core/diagnostics.h"
 #include "core/hooks.h"
 #include "data/code_page_932.h"
+#include "data/csv.h"
 #include "data/encodings.h"
 #include "data/failure.h"
 #include "data/lists.h"

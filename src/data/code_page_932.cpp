@@ -34,6 +34,8 @@ constexpr char16_t kHighFirst = 0xF8F1;
 constexpr char16_t kHighLast = 0xF8F3;
 constexpr int kHighByte = 0xFD;
 
+bool IsAscii(char byte) { return static_cast<unsigned char>(byte) < 0x80; }
+
 bool IsTrailByte(std::uint8_t byte) { return byte >= 0x40 && byte <= 0xFC && byte != 0x7F; }
 
 // Place of a trail byte in its row: 0x7F is no trail byte and has no place.
@@ -131,14 +133,13 @@ std::u16string DecodeCodePage932(std::string_view bytes) {
         const std::size_t run = AsciiPrefix(bytes);
         to = CopyAscii(bytes.substr(0, run), to);
         bytes.remove_prefix(run);
-        if (bytes.empty()) {
-            break;
+        while (!bytes.empty() && !IsAscii(bytes[0])) {
+            const auto lead = static_cast<std::uint8_t>(bytes[0]);
+            const bool pair = IsLeadByte932(lead) && bytes.size() > 1 && bytes[1] != '\0';
+            *to++ = pair ? DecodePair932(lead, static_cast<std::uint8_t>(bytes[1]))
+                         : DecodeByte932(lead);
+            bytes.remove_prefix(pair ? 2 : 1);
         }
-        const auto lead = static_cast<std::uint8_t>(bytes[0]);
-        const bool pair = IsLeadByte932(lead) && bytes.size() > 1 && bytes[1] != '\0';
-        *to++ =
-            pair ? DecodePair932(lead, static_cast<std::uint8_t>(bytes[1])) : DecodeByte932(lead);
-        bytes.remove_prefix(pair ? 2 : 1);
     }
     text.resize(static_cast<std::size_t>(to - text.data()));
     return text;
@@ -152,10 +153,7 @@ std::string EncodeCodePage932(std::u16string_view text) {
         const std::size_t run = AsciiPrefix(text);
         to = CopyAscii(text.substr(0, run), to);
         text.remove_prefix(run);
-        if (!text.empty()) {
-            to = WriteUnit(text[0], to);
-            text.remove_prefix(1);
-        }
+        for (; !text.empty() && text[0] >= 0x80; text.remove_prefix(1)) to = WriteUnit(text[0], to);
     }
     bytes.resize(static_cast<std::size_t>(to - bytes.data()));
     return bytes;

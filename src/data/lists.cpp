@@ -6,6 +6,7 @@
 #include "data/brackets.h"
 #include "data/numbers.h"
 #include "data/text.h"
+#include "data/unit_scan.h"
 
 namespace velm {
 
@@ -25,21 +26,13 @@ constexpr Escape kEscapes[] = {
     {kCrLf, u"{*n}"},
 };
 
-bool MayNeedEscape(char16_t unit) { return IsAnyComma(unit) || unit == u'\r'; }
+bool MayNeedEscape(std::u16string_view text) {
+    return ContainsUnitOf<u',', u'、', u'，', u'\r'>(text);
+}
 
-// The text of an item in a list: no replacement holds what another one replaces, so that one pass
-// does for all of them, here and back.
-void AppendEscaped(std::u16string& out, std::u16string_view text) {
-    std::size_t from = 0;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (!MayNeedEscape(text[i])) continue;
-        for (const Escape& escape : kEscapes) {
-            if (text.substr(i, escape.plain.size()) != escape.plain) continue;
-            out.append(text.substr(from, i - from)).append(escape.escaped);
-            from = i + escape.plain.size();
-        }
-    }
-    out.append(text.substr(from));
+// Where an escape begins.
+std::size_t FindBrace(std::u16string_view text, std::size_t from = 0) {
+    return FindUnitOf<u'{'>(text, from);
 }
 
 // The escape with which the text begins, if it does.
@@ -86,7 +79,22 @@ std::u16string LineOf(std::u16string_view key, std::u16string_view value) {
 
 }  // namespace
 
+// The text of an item in a list: no replacement holds what another one replaces, so that one pass
+// does for all of them, here and back.
+void AppendEscaped(std::u16string& out, std::u16string_view text) {
+    std::size_t from = 0;
+    VisitUnits<u',', u'、', u'，', u'\r'>(text, 0, [&](std::size_t at) {
+        for (const Escape& escape : kEscapes) {
+            if (text.substr(at, escape.plain.size()) != escape.plain) continue;
+            out.append(text.substr(from, at - from)).append(escape.escaped);
+            from = at + escape.plain.size();
+        }
+    });
+    out.append(text.substr(from));
+}
+
 std::u16string EscapeItem(std::u16string_view text) {
+    if (!MayNeedEscape(text)) return std::u16string(text);
     std::u16string out;
     AppendEscaped(out, text);
     return out;
@@ -95,7 +103,7 @@ std::u16string EscapeItem(std::u16string_view text) {
 std::u16string UnescapeItem(std::u16string_view text) {
     std::u16string out;
     std::size_t from = 0;
-    for (std::size_t brace = text.find(u'{'); brace != kNotFound; brace = text.find(u'{', brace)) {
+    for (std::size_t brace = FindBrace(text); brace < text.size(); brace = FindBrace(text, brace)) {
         const Escape* escape = EscapeAt(text.substr(brace));
         if (escape == nullptr) {
             ++brace;
@@ -109,7 +117,7 @@ std::u16string UnescapeItem(std::u16string_view text) {
 }
 
 void AppendItem(std::u16string& list, std::u16string_view item) {
-    if (std::none_of(item.begin(), item.end(), MayNeedEscape) || IsNumeric(item)) {
+    if (!MayNeedEscape(item) || IsNumeric(item)) {
         list.append(item);
     } else {
         AppendEscaped(list, item);
@@ -186,94 +194,6 @@ std::u16string SetKey(std::u16string_view text, std::u16string_view key,
 
 std::u16string GetKey(std::u16string_view text, std::u16string_view key) {
     return ValueOfLine(text, key);
-}
-
-namespace {
-
-// Turns what stands behind the offset, one field, to an item without its quotes.
-void StripQuotes(std::u16string& out, std::size_t from) {
-    if (out.size() < from + 2 || out[from] != u'"' || out.back() != u'"') return;
-    out.pop_back();
-    out.erase(from, 1);
-}
-
-// Adds a line of CSV as items. A quote that is open joins the pieces of a field again, with the escape
-// of "," between them. Kept: the last piece of a line isn't escaped.
-void AppendLineOfCsv(std::u16string& out, std::u16string_view line, bool& inQuote) {
-    std::size_t field = out.size();
-    while (true) {
-        const std::size_t comma = line.find(u',');
-        const std::u16string_view piece = line.substr(0, comma);
-        if (std::count(piece.begin(), piece.end(), u'"') == 1) inQuote = !inQuote;
-        if (comma == kNotFound) {
-            out.append(piece);
-            break;
-        }
-        AppendEscaped(out, piece);
-        if (inQuote) {
-            out.append(u"{**}");
-        } else {
-            StripQuotes(out, field);
-            out += u',';
-            field = out.size();
-        }
-        line.remove_prefix(comma + 1);
-    }
-    StripQuotes(out, field);
-}
-
-void AppendCsvItem(std::u16string& out, std::u16string_view item) {
-    if (item.find(u'{') != kNotFound) {
-        const std::u16string plain = UnescapeItem(item);
-        const std::u16string decoded = UnescapeItem(plain);
-        const bool bare = decoded == plain && IsNumeric(plain);
-        if (!bare) out += u'"';
-        out.append(plain);
-        if (!bare) out += u'"';
-    } else if (IsNumeric(item)) {
-        out.append(item);
-    } else {
-        out += u'"';
-        out.append(item);
-        out += u'"';
-    }
-}
-
-void AppendCsvLine(std::u16string& out, std::u16string_view line) {
-    while (true) {
-        const std::size_t comma = FindAnyComma(line);
-        AppendCsvItem(out, line.substr(0, comma));
-        if (comma == line.size()) return;
-        out += u',';
-        line.remove_prefix(comma + 1);
-    }
-}
-
-}  // namespace
-
-std::u16string CsvToList(std::u16string_view text) {
-    std::u16string out;
-    out.reserve(text.size());
-    bool inQuote = false;
-    bool first = true;
-    for (const std::u16string_view line : SplitLines(text)) {
-        if (!first) out.append(kCrLf);
-        first = false;
-        AppendLineOfCsv(out, line, inQuote);
-    }
-    return out;
-}
-
-std::u16string ListToCsv(std::u16string_view text) {
-    std::u16string out;
-    out.reserve(text.size() + text.size() / 4);
-    bool first = true;
-    for (const std::u16string_view line : SplitLines(text)) {
-        if (!first) out.append(kCrLf);
-        first = false;
-        AppendCsvLine(out, line);
-    }
-    return out;
 }
 
 }  // namespace velm

@@ -42,9 +42,7 @@ std::u16string GetKey(std::u16string_view text, std::u16string_view key);
 std::u16string EscapeLineBreaks(std::u16string_view text);
 std::u16string UnescapeLineBreaks(std::u16string_view text);
 
-// The text of a ".csv" file to list text and back, with their kept limits: a quote inside an item is
-// not doubled, the quote state runs on over lines, the last item of a line is not escaped.
-std::u16string CsvToList(std::u16string_view text);
-std::u16string ListToCsv(std::u16string_view text);
+// EscapeItem at the end of a text that is being made.
+void AppendEscaped(std::u16string& out, std::u16string_view text);
 
 }  // namespace velm

@@ -33,6 +33,13 @@ double RoundPlacesOfFraction(double number);
 /// text beyond the range of a double is not numeric; one that underflows is 0. "-0" gives +0.
 std::optional<double> ParseNumber(std::u16string_view text);
 
+/// Whether the text is known to be no number by the unit that it begins with: a Latin letter, kana or kanji.
+inline bool BeginsAsWord(std::u16string_view text) {
+    if (text.empty()) return false;
+    const char16_t unit = text.front();
+    return (unit >= u'ぁ' && unit < u'豈') || (unit >= u'A' && unit <= u'z');
+}
+
 /// Whether ParseNumber accepts the text.
 bool IsNumeric(std::u16string_view text);
 

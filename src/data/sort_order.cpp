@@ -5,62 +5,27 @@
 #include <numeric>
 #include <utility>
 
+#include "data/sort_keys.h"
+
 namespace velm {
 
 namespace {
 
-constexpr std::size_t kPrefixUnits = 4;
-
-struct NumberKey {
-    double number;
-    std::uint32_t place;
-
-    bool operator<(const NumberKey& other) const {
-        return number != other.number ? number < other.number : place < other.place;
-    }
-    bool SameKey(const NumberKey& other) const { return number == other.number; }
-};
-
-// The first units of a text stand beside it: most comparisons are decided without a look at the text.
-struct TextKey {
-    std::uint64_t prefix;
-    std::u16string_view text;
-    std::uint32_t place;
-
-    bool operator<(const TextKey& other) const {
-        if (prefix != other.prefix) return prefix < other.prefix;
-        const int difference = text.compare(other.text);
-        return difference != 0 ? difference < 0 : place < other.place;
-    }
-    bool SameKey(const TextKey& other) const {
-        return prefix == other.prefix && text == other.text;
-    }
-};
-
-std::uint64_t PrefixOf(std::u16string_view text) {
-    std::uint64_t prefix = 0;
-    for (std::size_t i = 0; i < kPrefixUnits; ++i) {
-        prefix = prefix << 16 | (i < text.size() ? std::uint64_t{text[i]} : 0);
-    }
-    return prefix;
-}
-
-template <class Key>
-KeyRanks RanksOf(std::vector<Key>& keys) {
-    std::sort(keys.begin(), keys.end());
+// The ranks of the keys at the places, which are in order.
+template <class SameKey>
+KeyRanks RanksOf(SortOrder sorted, SameKey&& same) {
     KeyRanks out;
-    out.ranks.resize(keys.size());
-    out.sorted.reserve(keys.size());
+    out.ranks.resize(sorted.size());
     std::uint32_t rank = 0;
-    for (std::size_t i = 0; i < keys.size(); ++i) {
-        if (i != 0) {
-            const bool same = keys[i].SameKey(keys[i - 1]);
-            rank += same ? 0 : 1;
-            out.distinct = out.distinct && !same;
+    for (std::size_t i = 0; i < sorted.size(); ++i) {
+        if (i != 0 && same(i - 1, i)) {
+            out.distinct = false;
+        } else if (i != 0) {
+            ++rank;
         }
-        out.ranks[keys[i].place] = rank;
-        out.sorted.push_back(keys[i].place);
+        out.ranks[sorted[i]] = rank;
     }
+    out.sorted = std::move(sorted);
     return out;
 }
 
@@ -127,20 +92,19 @@ std::size_t NextGap(std::size_t gap) { return (gap + 1) / 3; }
 }  // namespace
 
 KeyRanks RankNumbers(const std::vector<double>& keys) {
-    std::vector<NumberKey> sorted;
-    sorted.reserve(keys.size());
-    for (const double key : keys)
-        sorted.push_back({key, static_cast<std::uint32_t>(sorted.size())});
-    return RanksOf(sorted);
+    const KeyedPlaces items = SortNumbers(keys);
+    SortOrder sorted;
+    sorted.reserve(items.size());
+    for (const KeyedPlace& item : items) sorted.push_back(item.place);
+    return RanksOf(std::move(sorted),
+                   [&](std::size_t a, std::size_t b) { return items[a].key == items[b].key; });
 }
 
 KeyRanks RankTexts(const std::vector<std::u16string_view>& keys) {
-    std::vector<TextKey> sorted;
-    sorted.reserve(keys.size());
-    for (const std::u16string_view key : keys) {
-        sorted.push_back({PrefixOf(key), key, static_cast<std::uint32_t>(sorted.size())});
-    }
-    return RanksOf(sorted);
+    SortOrder sorted = SortTexts(keys);
+    const SortOrder& order = sorted;
+    return RanksOf(sorted,
+                   [&](std::size_t a, std::size_t b) { return keys[order[a]] == keys[order[b]]; });
 }
 
 KeyRanks Reversed(const KeyRanks& keys) {

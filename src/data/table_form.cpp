@@ -3,87 +3,130 @@
 
 #include <algorithm>
 
+#include "data/failure.h"
 #include "data/numbers.h"
 #include "data/text.h"
+#include "data/unit_scan.h"
 #include "data/value.h"
 
 namespace velm {
 
 namespace {
 
-// Longer items are kept aside as values: reading them again then copies nothing.
+// Longer items that are stored are kept aside as values: reading them again then copies nothing.
 constexpr std::size_t kLongestInText = 32;
 
 // The text is put in order when more than its length, and this, was put behind it.
 constexpr std::size_t kLeastAppended = 4096;
 
-constexpr std::u16string_view kComma = u",";
+// The pool is put in order when half of it, and this, is wasted.
+constexpr std::size_t kLeastWasted = 1024;
 
-// Where a row begins that isn't in the text, because it was skipped when a later one was stored.
-constexpr std::uint32_t kNowhere = UINT32_MAX;
-
-bool MayStandInText(std::u16string_view piece) {
-    return piece.size() <= kLongestInText && FindAnyComma(piece) == piece.size() &&
-           !Contains(piece, kCrLf);
+std::uint32_t Offset(std::size_t place) {
+    if (place > UINT32_MAX) throw Failure(failure::kOutOfMemory);
+    return static_cast<std::uint32_t>(place);
 }
 
 }  // namespace
 
-TableForm::TableForm(Kind kind, std::u16string_view text) : kind_(kind), length_(text.size()) {
-    rows_.resize(kind == Kind::kList ? 1 : CountOf(text, kCrLf) + 1);
-    std::size_t start = 0;
-    for (std::size_t row = 1; row < rows_.size(); ++row) {
-        start = FindText(text, kCrLf, start) + kCrLf.size();
-        rows_[row].start = static_cast<std::uint32_t>(start);
+TableForm::TableForm(Kind kind, std::u16string_view text) : length_(text.size()) {
+    RowSlots row;
+    const auto end = [&](std::size_t place) {
+        row.length = Offset(place - row.start);
+        rows_.push_back(row);
+        row.start = Offset(place + kCrLf.size());
+    };
+    if (kind == Kind::kLines) {
+        rows_.reserve(CountUnitsOf<u'\r'>(text) + 1);
+        VisitLineEnds(text, end);
+    }
+    end(text.size());
+}
+
+// Before the first row is cut: room for all rows if they are like it.
+void TableForm::PlanRoom(std::u16string_view text, std::u16string_view piece) {
+    const std::size_t items = CountUnitsOf<u',', u'、', u'，'>(piece) + 1;
+    slots_.reserve(std::min(items * rows_.size(), text.size() + rows_.size()));
+}
+
+void TableForm::AddSlot(std::u16string_view text, std::size_t place, std::size_t length) {
+    if (length == 0) {
+        slots_.push_back(CellSlot::Empty());
+    } else if (length <= CellSlot::kLongestPiece) {
+        slots_.push_back(CellSlot::OfPiece(place, length));
+    } else {
+        slots_.push_back(Keep(Value(text.substr(place, length))));
     }
 }
 
-bool TableForm::EndsPiece(std::u16string_view text, std::size_t place) const {
-    if (place >= text.size() || IsAnyComma(text[place])) return true;
-    return kind_ == Kind::kLines && text[place] == u'\r' && place + 1 < text.size() &&
-           text[place + 1] == u'\n';
-}
-
-// A row that wasn't changed, as it stands in the text.
-std::u16string_view TableForm::PieceOfRow(std::u16string_view text, const RowSlots& row) const {
-    if (kind_ == Kind::kList) return text;
-    if (row.start == kNowhere) return {};
-    return text.substr(row.start, FindText(text, kCrLf, row.start) - row.start);
-}
-
-std::u16string_view TableForm::PieceOfCell(std::u16string_view text, CellSlot slot) const {
-    std::size_t end = slot.Index();
-    while (!EndsPiece(text, end)) ++end;
-    return text.substr(slot.Index(), end - slot.Index());
-}
-
-// The slots of a row, cut now if they weren't yet.
-std::vector<CellSlot>& TableForm::CellsOf(std::u16string_view text, RowSlots& row) {
-    if (!row.cells.empty()) return row.cells;
-    if (row.start == kNowhere) {
-        row.cells.push_back(CellSlot::Empty());
-        return row.cells;
-    }
+void TableForm::CutRow(std::u16string_view text, RowSlots& row) {
+    CompactIfWasteful();
     const std::u16string_view piece = PieceOfRow(text, row);
-    row.cells.reserve(
-        static_cast<std::size_t>(std::count_if(piece.begin(), piece.end(), IsAnyComma)) + 1);
-    for (std::size_t from = 0; from <= piece.size(); from = FindAnyComma(piece, from) + 1) {
-        row.cells.push_back(CellSlot::OfPlace(row.start + from));
+    if (slots_.empty()) PlanRoom(text, piece);
+    const std::size_t first = slots_.size();
+    std::size_t from = 0;
+    VisitUnits<u',', u'、', u'，'>(piece, 0, [&](std::size_t comma) {
+        AddSlot(text, row.start + from, comma - from);
+        from = comma + 1;
+    });
+    AddSlot(text, row.start + from, piece.size() - from);
+    row.count = Offset(slots_.size() - first);
+    if (row.count > row.room) {
+        wasted_ += row.room;
+        row.first = Offset(first);
+        row.room = row.count;
+    } else {
+        // It was cut before, and its slots still have their room.
+        std::copy(slots_.begin() + static_cast<std::ptrdiff_t>(first), slots_.end(), SlotsOf(row));
+        slots_.resize(first, CellSlot::Empty());
     }
-    return row.cells;
+}
+
+// Adds empty items to a row that was cut.
+void TableForm::LengthenRow(RowSlots& row, std::size_t count) {
+    if (count > row.room && row.first + std::size_t{row.room} != slots_.size()) {
+        CompactIfWasteful();
+        const std::size_t first = slots_.size();
+        slots_.resize(Offset(first + count + count / 2), CellSlot::Empty());
+        std::copy_n(SlotsOf(row), row.count, slots_.begin() + static_cast<std::ptrdiff_t>(first));
+        wasted_ += row.room;
+        row.first = Offset(first);
+        row.room = Offset(slots_.size() - first);
+    } else if (count > row.room) {
+        slots_.resize(Offset(row.first + count), CellSlot::Empty());
+        row.room = Offset(count);
+    }
+    std::fill(SlotsOf(row) + row.count, SlotsOf(row) + count, CellSlot::Empty());
+    row.count = Offset(count);
+}
+
+void TableForm::CompactIfWasteful() {
+    if (wasted_ <= kLeastWasted || wasted_ <= slots_.size() / 2) return;
+    std::vector<CellSlot> packed;
+    packed.reserve(slots_.size());
+    for (RowSlots& row : rows_) {
+        const CellSlot* slots = SlotsOf(row);
+        row.first = Offset(packed.size());
+        row.room = row.count;
+        packed.insert(packed.end(), slots, slots + row.count);
+    }
+    slots_ = std::move(packed);
+    wasted_ = 0;
 }
 
 std::size_t TableForm::CellCount(const std::u16string& text, std::size_t row) {
-    return CellsOf(text, rows_[row]).size();
+    if (rows_[row].count == 0) CutRow(text, rows_[row]);
+    return rows_[row].count;
 }
 
 Value TableForm::Cell(const std::u16string& text, std::size_t row, std::size_t column) {
     if (row >= rows_.size()) return Value();
-    std::vector<CellSlot>& cells = CellsOf(text, rows_[row]);
-    if (column >= cells.size() || cells[column].IsEmpty()) return Value();
-    CellSlot& slot = cells[column];
+    if (rows_[row].count == 0) CutRow(text, rows_[row]);
+    if (column >= rows_[row].count) return Value();
+    CellSlot& slot = SlotsOf(rows_[row])[column];
     if (slot.IsPlace()) TakeNumber(text, slot);
     if (slot.IsNumber()) return Value::OfNumber(slot.Number());
+    if (slot.IsEmpty()) return Value();
     return slot.IsKept() ? kept_[slot.Index()] : Value(PieceOfCell(text, slot));
 }
 
@@ -95,33 +138,18 @@ void TableForm::TakeNumber(std::u16string_view text, CellSlot& slot) {
 
 Value TableForm::Row(const std::u16string& text, std::size_t row) const {
     if (row >= rows_.size()) return Value();
-    if (!rows_[row].changed) return Value(PieceOfRow(text, rows_[row]));
+    if (!rows_[row].changed) return Value::OfPiece(PieceOfRow(text, rows_[row]));
     std::u16string line;
     AppendRow(text, rows_[row], line);
     return Value(std::move(line));
 }
 
-// Puts a piece behind the end of the text. The last piece before it gets an end if it has none yet.
-CellSlot TableForm::StoreBehind(std::u16string& text, std::u16string_view piece,
-                                std::u16string_view terminator) {
-    if (appended_ > length_ + kLeastAppended) Join(text);
-    if (!open_) text.append(kind_ == Kind::kList ? kComma : kCrLf);
-    open_ = true;
-    const CellSlot slot = CellSlot::OfPlace(text.size());
-    text.append(piece).append(terminator);
-    appended_ += piece.size() + terminator.size();
-    return slot;
-}
-
-// Puts the piece where the old item stands, if there is room.
-bool TableForm::StoreOver(std::u16string& text, CellSlot slot, std::u16string_view piece) const {
-    const std::size_t place = slot.Index();
-    for (std::size_t i = 0; i < piece.size(); ++i) {
-        if (EndsPiece(text, place + i)) return false;
-    }
-    std::copy(piece.begin(), piece.end(), text.begin() + static_cast<std::ptrdiff_t>(place));
-    if (!EndsPiece(text, place + piece.size())) text[place + piece.size()] = u',';
-    return true;
+// Puts a piece behind the end of the text; gives its place.
+std::uint32_t TableForm::PutBehind(std::u16string& text, std::u16string_view piece) {
+    const std::uint32_t place = Offset(text.size());
+    text.append(piece);
+    appended_ += piece.size();
+    return place;
 }
 
 CellSlot TableForm::Keep(const Value& item) {
@@ -143,48 +171,60 @@ void TableForm::GiveUp(CellSlot slot) {
 void TableForm::Store(std::u16string& text, CellSlot& slot, const Value& item) {
     Release(slot);
     double number = 0;
-    if (item.IsPlainNumber(number) || IsCanonicalNumber(item.Text(), number)) {
+    if (item.IsPlainNumber(number)) {
         slot = CellSlot::OfNumber(number);
-    } else if (item.IsEmpty()) {
+        return;
+    }
+    const std::u16string_view piece = item.Text();
+    if (IsCanonicalNumber(piece, number)) {
+        slot = CellSlot::OfNumber(number);
+    } else if (piece.empty()) {
         slot = CellSlot::Empty();
-    } else if (!MayStandInText(item.Text())) {
+    } else if (piece.size() > kLongestInText) {
+        slot = CellSlot::Empty();
         slot = Keep(item);
-    } else if (!slot.IsPlace() || !StoreOver(text, slot, item.Text())) {
+    } else if (slot.IsPlace() && piece.size() <= slot.Length()) {
+        std::copy(piece.begin(), piece.end(),
+                  text.begin() + static_cast<std::ptrdiff_t>(slot.Index()));
+        slot = CellSlot::OfPiece(slot.Index(), piece.size());
+    } else {
         slot = CellSlot::Empty();
-        slot = StoreBehind(text, item.Text(), kComma);
+        slot = CellSlot::OfPiece(PutBehind(text, piece), piece.size());
     }
 }
 
-TableForm::RowSlots& TableForm::RowForStore(std::size_t row) {
-    if (row >= rows_.size()) rows_.resize(row + 1, RowSlots{{}, kNowhere, false});
+// The row, made if it isn't there yet, for something that may go behind the text.
+TableForm::RowSlots& TableForm::RowForStore(std::u16string& text, std::size_t row) {
+    if (appended_ > length_ + kLeastAppended) Join(text);
+    if (row >= rows_.size()) rows_.resize(row + 1);
     return rows_[row];
 }
 
 void TableForm::SetCell(std::u16string& text, std::size_t row, std::size_t column,
                         const Value& item) {
-    RowSlots& slots = RowForStore(row);
-    std::vector<CellSlot>& cells = CellsOf(text, slots);
-    if (column >= cells.size()) cells.resize(column + 1, CellSlot::Empty());
+    RowSlots& slots = RowForStore(text, row);
+    if (slots.count == 0) CutRow(text, slots);
+    if (column >= slots.count) LengthenRow(slots, column + 1);
     slots.changed = true;
-    Store(text, cells[column], item);
+    Store(text, SlotsOf(slots)[column], item);
 }
 
 void TableForm::SetLine(std::u16string& text, std::size_t row, std::u16string_view line) {
-    for (const CellSlot cell : rows_[row].cells) Release(cell);
-    rows_[row] = RowSlots{{}, kNowhere, false};
-    if (line.empty()) return;
-    const CellSlot slot = StoreBehind(text, line, kCrLf);
-    rows_[row].start = static_cast<std::uint32_t>(slot.Index());
+    RowSlots& slots = RowForStore(text, row);
+    for (std::size_t i = 0; i < slots.count; ++i) Release(SlotsOf(slots)[i]);
+    slots.count = 0;
+    slots.changed = false;
+    slots.length = 0;
+    slots.start = PutBehind(text, line);
+    slots.length = Offset(line.size());
 }
 
 void TableForm::SetRow(std::u16string& text, std::size_t row, std::u16string_view lines) {
-    RowForStore(row);
     std::size_t end = FindText(lines, kCrLf);
     SetLine(text, row, lines.substr(0, end));
     if (end == kNotFound) return;
     const std::size_t more = CountOf(lines, kCrLf);
-    rows_.insert(rows_.begin() + static_cast<std::ptrdiff_t>(row) + 1, more,
-                 RowSlots{{}, kNowhere, false});
+    rows_.insert(rows_.begin() + static_cast<std::ptrdiff_t>(row) + 1, more, RowSlots());
     for (std::size_t i = 1; i <= more; ++i) {
         const std::size_t from = end + kCrLf.size();
         end = FindText(lines, kCrLf, from);
@@ -208,52 +248,46 @@ void TableForm::AppendRow(std::u16string_view text, const RowSlots& row,
         out.append(PieceOfRow(text, row));
         return;
     }
-    for (std::size_t i = 0; i < row.cells.size(); ++i) {
+    const CellSlot* slots = SlotsOf(row);
+    for (std::size_t i = 0; i < row.count; ++i) {
         if (i != 0) out += u',';
-        AppendCell(text, row.cells[i], out);
+        AppendCell(text, slots[i], out);
     }
 }
 
 // Adds a row to the text that is being put in order, and tells its slots where they are there.
-void TableForm::MoveRow(std::u16string_view text, RowSlots& row, std::u16string& out) const {
+void TableForm::MoveRow(std::u16string_view text, RowSlots& row, std::u16string& out) {
     const std::size_t start = out.size();
-    if (row.changed) {
-        for (std::size_t i = 0; i < row.cells.size(); ++i) {
-            if (i != 0) out += u',';
-            const std::size_t place = out.size();
-            AppendCell(text, row.cells[i], out);
-            if (row.cells[i].IsPlace()) row.cells[i] = CellSlot::OfPlace(place);
-        }
-    } else {
-        for (CellSlot& cell : row.cells) {
-            if (cell.IsPlace()) cell = CellSlot::OfPlace(cell.Index() - row.start + start);
-        }
-        out.append(PieceOfRow(text, row));
+    CellSlot* const slots = SlotsOf(row);
+    if (!row.changed) out.append(PieceOfRow(text, row));
+    for (std::size_t i = 0; i < row.count; ++i) {
+        if (row.changed && i != 0) out += u',';
+        const std::size_t place = row.changed ? out.size() : slots[i].Index() - row.start + start;
+        if (row.changed) AppendCell(text, slots[i], out);
+        if (slots[i].IsPlace()) slots[i] = CellSlot::OfPiece(place, slots[i].Length());
     }
-    row.start = static_cast<std::uint32_t>(start);
+    row.start = Offset(start);
+    row.length = Offset(out.size() - start);
     row.changed = false;
 }
 
 void TableForm::Join(std::u16string& text) {
     std::u16string joined;
-    joined.reserve(length_);
+    joined.reserve(text.size());
     for (std::size_t i = 0; i < rows_.size(); ++i) {
         if (i != 0) joined.append(kCrLf);
         MoveRow(text, rows_[i], joined);
     }
     text = std::move(joined);
-    open_ = false;
     appended_ = 0;
     length_ = text.size();
 }
 
-bool TableForm::JoinsToNothing(std::u16string_view text) const {
+bool TableForm::JoinsToNothing() const {
     if (rows_.size() != 1) return false;
     const RowSlots& row = rows_.front();
-    if (!row.changed) return PieceOfRow(text, row).empty();
-    if (row.cells.size() != 1 || row.cells.front().IsNumber()) return false;
-    return !row.cells.front().IsKept() &&
-           (row.cells.front().IsEmpty() || PieceOfCell(text, row.cells.front()).empty());
+    if (!row.changed) return row.length == 0;
+    return row.count == 1 && SlotsOf(row)->IsEmpty();
 }
 
 }  // namespace velm

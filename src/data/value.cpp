@@ -52,15 +52,14 @@ void UpdateText(ValueRecord& record) {
     record.textValid = true;
 }
 
-std::optional<double> NumberOfRecord(ValueRecord& record) {
+bool ReadNumberOfRecord(ValueRecord& record) {
     if (record.numberState == NumberState::kUnknown) {
         UpdateText(record);
         const std::optional<double> number = ParseNumber(record.text);
         record.numberState = number ? NumberState::kNumber : NumberState::kNone;
         record.number = number.value_or(0);
     }
-    if (record.numberState == NumberState::kNone) return std::nullopt;
-    return record.number;
+    return record.numberState == NumberState::kNumber;
 }
 
 // The texts of a few values, put together aside where they are short: one copy of all is cheaper than one
@@ -175,12 +174,13 @@ const std::u16string& Value::TextOfOther() const {
 
 bool Value::FormIsEmpty() const { return JoinsToNothing(*record_); }
 
-std::optional<double> Value::Number() const {
-    if (IsNumberOnly()) return number_;
-    if (record_ == nullptr) return std::nullopt;
-    const std::optional<double> number = NumberOfRecord(*record_);
+// Number for a value that is held as text.
+bool Value::ReadNumber(double& number) const {
+    if (record_ == nullptr) return false;
+    const bool found = ReadNumberOfRecord(*record_);
+    number = record_->number;
     if (!kCaches) record_->numberState = NumberState::kUnknown;
-    return number;
+    return found;
 }
 
 bool Value::SameText(const Value& other) const {
@@ -361,10 +361,11 @@ Value Value::Cell(std::size_t column) const {
 }
 
 void Value::SetCell(std::size_t column, Value item) {
-    OwnRecord();
-    TableForm& form = Cells();
-    form.SetCell(record_->text, 0, column, item);
-    Changed(TruthForm::kCells);
+    const bool sole = IsSoleTruth(TruthForm::kCells);
+    if (!sole) OwnRecord();
+    Cells().SetCell(record_->text, 0, column, item);
+    if (!sole) return Changed(TruthForm::kCells);
+    record_->numberState = NumberState::kUnknown;
 }
 
 bool Value::TryCellNumber(std::size_t column, double& number) const {
@@ -425,10 +426,11 @@ void Value::SetRow(std::size_t row, Value line) {
 }
 
 void Value::SetRowCell(std::size_t row, std::size_t column, Value item) {
-    OwnRecord();
-    TableForm& form = Rows();
-    form.SetCell(record_->text, row, column, item);
-    Changed(TruthForm::kRows);
+    const bool sole = IsSoleTruth(TruthForm::kRows);
+    if (!sole) OwnRecord();
+    Rows().SetCell(record_->text, row, column, item);
+    if (!sole) return Changed(TruthForm::kRows);
+    record_->numberState = NumberState::kUnknown;
 }
 
 std::size_t Value::RowCount() const {
@@ -442,10 +444,10 @@ Value Value::Field(std::size_t n) const {
     constexpr std::size_t kWorthNoting = 64;
     const std::u16string& text = Text();
     if (n > kLastField) return Value();
-    if (!kCaches || text.size() < kWorthNoting) return Value(FieldOf(text, n));
+    if (!kCaches || text.size() < kWorthNoting) return OfPiece(FieldOf(text, n));
     std::vector<std::uint32_t>& starts = FormsOf(*record_).fields;
     if (starts.empty()) starts = FindFields(text);
-    return Value(FieldAt(text, starts, n));
+    return OfPiece(FieldAt(text, starts, n));
 }
 
 Value Value::Entry(std::u16string_view key) const {
@@ -473,12 +475,12 @@ void Value::SetEntry(std::u16string_view key, const Value& value) {
     *this = Value(SetKey(Text(), key, value.Text()));
 }
 
-// Whether the entries are at hand for a key that is a key: no number, and to be found by their index.
+// Whether the entries are at hand for a key that is no number.
 bool Value::HasEntriesFor(const Value& key) const {
     if (!HasRecord() || !record_->forms || !record_->forms->entries) return false;
     if (!key.HasRecord() || !key.record_->textValid || key.record_->text.empty()) return false;
-    return record_->forms->entries->IsUsable() && !key.IsNumeric() &&
-           EntriesForm::IsPlainKey(key.record_->text);
+    return record_->forms->entries->IsUsable() &&
+           (BeginsAsWord(key.record_->text) || !key.IsNumeric());
 }
 
 bool Value::TryEntryNumber(const Value& key, double& number) const {
@@ -489,8 +491,10 @@ bool Value::TrySetEntryNumber(const Value& key, double number) {
     if (!IsSoleTruth(TruthForm::kEntries) || !HasEntriesFor(key)) return false;
     Value value;
     value.SetHeldNumber(number);
-    const bool done = Attempt([&] { record_->forms->entries->Store(key.record_->text, value); });
-    if (!done) pendingFailure.Clear();
+    bool done = false;
+    const bool tried =
+        Attempt([&] { done = record_->forms->entries->TryStore(key.record_->text, value); });
+    if (!tried) pendingFailure.Clear();
     record_->numberState = NumberState::kUnknown;
     return done;
 }

@@ -48,6 +48,11 @@ class Value {
         return value;
     }
     static Value OfInteger(std::int64_t number) { return OfNumber(static_cast<double>(number)); }
+    // A piece of a text; as a number where it is the very text of one, so that nothing needs to be kept.
+    static Value OfPiece(std::u16string_view piece) {
+        double number = 0;
+        return IsCanonicalNumber(piece, number) ? OfNumber(number) : Value(piece);
+    }
     static Value OfBool(bool flag) { return OfNumber(flag ? 1 : 0); }
 
     Value(const Value& other) noexcept : record_(other.record_), number_(other.number_) {
@@ -92,7 +97,11 @@ class Value {
         return record_->textValid ? record_->text.empty() : FormIsEmpty();
     }
     // The number that the text is, by the numeric test; nothing when it is no number.
-    std::optional<double> Number() const;
+    std::optional<double> Number() const {
+        double number = number_;
+        if (IsNumberOnly() || ReadNumber(number)) return number;
+        return std::nullopt;
+    }
     bool IsNumeric() const { return Number().has_value(); }
     // The plain conversion: 0 for a text that is no number.
     double NumberOrZero() const { return IsNumberOnly() ? number_ : Number().value_or(0); }
@@ -210,6 +219,7 @@ class Value {
     const std::u16string& MakeText() const;
     bool FormIsEmpty() const;
     static std::optional<std::size_t> UsualSize(std::span<const Value* const> values);
+    bool ReadNumber(double& number) const;
     ValueRecord& Record() const;
     ValueRecord& OwnRecord();
     bool IsSoleTruth(TruthForm truth) const;

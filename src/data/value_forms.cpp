@@ -23,8 +23,8 @@ void JoinTruth(ValueRecord& record) {
 
 bool JoinsToNothing(const ValueRecord& record) {
     switch (record.truth) {
-        case TruthForm::kCells: return record.forms->cells->JoinsToNothing(record.text);
-        case TruthForm::kRows: return record.forms->rows->JoinsToNothing(record.text);
+        case TruthForm::kCells: return record.forms->cells->JoinsToNothing();
+        case TruthForm::kRows: return record.forms->rows->JoinsToNothing();
         case TruthForm::kEntries: return record.forms->entries->JoinsToNothing();
         case TruthForm::kText: break;
     }

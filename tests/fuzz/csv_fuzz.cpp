@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "data/csv.h"
 #include "data/lists.h"
 #include "data/numbers.h"
 #include "data/table_column.h"

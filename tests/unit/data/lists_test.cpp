@@ -69,23 +69,5 @@ TEST(Lists, LineBreaks) {
     EXPECT_EQ(UnescapeLineBreaks(u"a{/n}b"), u"a\r\nb");
 }
 
-TEST(Lists, CsvQuotesEverythingButPlainNumbers) {
-    EXPECT_EQ(ListToCsv(u"1,x,"), u"1,\"x\",\"\"");
-    EXPECT_EQ(ListToCsv(u"a{**}b,c"), u"\"a,b\",\"c\"");
-    EXPECT_EQ(ListToCsv(u"a\r\n2"), u"\"a\"\r\n2");
-    EXPECT_EQ(ListToCsv(u"a\"b"), u"\"a\"b\"");
-}
-
-TEST(Lists, CsvIsReadWithItsLimits) {
-    EXPECT_EQ(CsvToList(u"\"a,b\",c"), u"a{**}b,c");
-    EXPECT_EQ(CsvToList(u"1,\"x\",\"\""), u"1,x,");
-    EXPECT_EQ(CsvToList(u"\"a\"\r\n2,3"), u"a\r\n2,3");
-    EXPECT_EQ(CsvToList(u"a、b,c、d"), u"a{//}b,c、d");
-}
-
-TEST(Lists, CsvGoesBothWays) {
-    EXPECT_EQ(CsvToList(ListToCsv(u"1,a{**}b,x\r\n2,,y")), u"1,a{**}b,x\r\n2,,y");
-}
-
 }  // namespace
 }  // namespace velm

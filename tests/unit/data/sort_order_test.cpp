@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <random>
@@ -143,6 +145,58 @@ TEST(SortOrder, TextsCompareByUnits) {
                                               u"", std::u16string(5, u'\0')};
     EXPECT_EQ(RankTexts(Views(nuls)).sorted, (SortOrder{2, 1, 0, 3}));
     EXPECT_TRUE(RankTexts(Views(nuls)).distinct);
+}
+
+// The places of keys as a stable sort gives them.
+template <class Key>
+SortOrder StableOrder(const std::vector<Key>& keys) {
+    SortOrder order = UnsortedOrder(keys.size());
+    std::stable_sort(order.begin(), order.end(),
+                     [&](std::uint32_t a, std::uint32_t b) { return keys[a] < keys[b]; });
+    return order;
+}
+
+TEST(SortOrder, ManyNumbersOfEveryKind) {
+    std::mt19937 random(5);
+    std::uniform_real_distribution<double> fraction(-1, 1);
+    for (const double scale : {1.0, 3000.0, 1e14, 1e300}) {
+        for (const bool whole : {false, true}) {
+            std::vector<double> keys(3000);
+            for (double& key : keys) {
+                key = fraction(random) * scale;
+                if (whole) key = std::trunc(key);
+            }
+            keys[7] = -0.0;
+            keys[8] = 0;
+            EXPECT_EQ(RankNumbers(keys).sorted, StableOrder(keys)) << scale << whole;
+        }
+    }
+}
+
+TEST(SortOrder, ManyTextsOfEveryKind) {
+    std::mt19937 random(6);
+    const std::u16string_view kUnits[] = {u"ab", u"0123456789", u"aあ亜\xFFFF\x0001\xD842\xDFB7"};
+    for (const std::u16string_view units : kUnits) {
+        for (const int longest : {2, 9, 90}) {
+            std::uniform_int_distribution<int> length(0, longest);
+            std::uniform_int_distribution<std::size_t> unit(0, units.size() - 1);
+            std::vector<std::u16string> keys(3000);
+            for (std::u16string& key : keys) {
+                key = u"同じ始まりの";
+                for (int left = length(random); left > 0; --left) key += units[unit(random)];
+            }
+            EXPECT_EQ(RankTexts(Views(keys)).sorted, StableOrder(keys)) << longest;
+        }
+    }
+}
+
+TEST(SortOrder, TextsThatContinueOneAnother) {
+    std::vector<std::u16string> keys;
+    for (std::size_t size = 1500; size-- > 0;) keys.emplace_back(size, u'\0');
+    keys.push_back(keys.front());
+    const KeyRanks ranks = RankTexts(Views(keys));
+    EXPECT_EQ(ranks.sorted, StableOrder(keys));
+    EXPECT_FALSE(ranks.distinct);
 }
 
 TEST(SortOrder, Ranks) {

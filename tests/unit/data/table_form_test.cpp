@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "data/lists.h"
+#include "data/numbers.h"
 #include "data/text.h"
 #include "data/value.h"
 
@@ -92,6 +93,69 @@ TEST(TableForm, ManyStoresPutTheTextInOrderNowAndThen) {
     table.SetCell(kCells - 1, Value(u"end"));
     expected.back() = u"end";
     EXPECT_EQ(table.Text(), Join(expected, u","));
+}
+
+TEST(TableForm, VeryLongItemsStayWhole) {
+    const std::u16string long1(0xFFFF, u'a');
+    const std::u16string long2(0x10000, u'b');
+    Value table(long1 + u"," + long2 + u"\r\nc," + long2);
+    EXPECT_EQ(table.RowCell(0, 0).Text(), long1);
+    EXPECT_EQ(table.RowCell(0, 1).Text(), long2);
+    EXPECT_EQ(table.RowCell(1, 1).Text(), long2);
+    table.SetRowCell(1, 0, Value(u"longer"));
+    table.SetRowCell(0, 0, Value(u"x"));
+    EXPECT_EQ(table.RowCell(1, 1).Text(), long2);
+    EXPECT_EQ(table.Text(), u"x," + long2 + u"\r\nlonger," + long2);
+    table.SetRow(0, Value(u"y"));
+    EXPECT_EQ(table.Text(), u"y\r\nlonger," + long2);
+}
+
+// The same stores on a vector of rows: rows that grow by turns, are replaced, and are copied.
+TEST(TableForm, RowsGrowByTurns) {
+    Value table;
+    std::vector<std::vector<std::u16string>> expected(20, {u""});
+    const auto joined = [&] {
+        std::vector<std::u16string> rows;
+        for (const std::vector<std::u16string>& row : expected) rows.push_back(Join(row, u","));
+        return Join(rows, kCrLf);
+    };
+    table.SetRow(19, Value());
+    std::uint32_t random = 7;
+    for (int i = 0; i < 20000; ++i) {
+        random = random * 1664525U + 1013904223U;
+        const std::size_t row = (random >> 8U) % 20;
+        const std::size_t column = (random >> 16U) % 40;
+        const std::u16string item(1 + (random >> 24U) % 9, static_cast<char16_t>(u'a' + i % 20));
+        if (i % 17 == 0) {
+            table.SetRow(row, Value(item));
+            expected[row] = {item};
+        } else {
+            table.SetRowCell(row, column, Value(item));
+            if (column >= expected[row].size()) expected[row].resize(column + 1);
+            expected[row][column] = item;
+        }
+        ASSERT_EQ(table.Row(row).Text(), Join(expected[row], u","));
+        if (i % 999 == 0) {
+            const Value copy = table;
+            table.SetRowCell(row, 0, Value(u"first"));
+            EXPECT_EQ(copy.Text(), joined());
+            expected[row][0] = u"first";
+        }
+    }
+    EXPECT_EQ(table.Text(), joined());
+}
+
+TEST(TableForm, ARowThatIsReplacedByALongerOneAgainAndAgain) {
+    Value table(u"a,b\r\nc,d,e");
+    std::u16string line = u"0";
+    for (int i = 1; i < 2000; ++i) {
+        line.append(u",").append(FormatNumber(i));
+        table.SetRow(0, Value(line));
+        ASSERT_EQ(table.RowCell(0, static_cast<std::size_t>(i)).NumberOrZero(), i);
+        ASSERT_EQ(table.RowCell(1, 2).Text(), u"e");
+    }
+    table.SetRowCell(1, 1, Value(u"changed"));
+    EXPECT_EQ(table.Text(), line + u"\r\nc,changed,e");
 }
 
 }  // namespace

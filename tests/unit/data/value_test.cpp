@@ -4,8 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "data/brackets.h"
@@ -305,6 +307,34 @@ TEST(Value, AnEntryBehindAnEmptyLineTakesItsPlace) {
     table.SetEntry(u"b", Value(u"4"));
     table.SetEntry(u"b", Value(u"5"));
     EXPECT_EQ(table.Text(), u"a=3\r\nb=5");
+}
+
+// The same stores on the pairs in their order.
+TEST(Value, ManyKeysOfEveryLength) {
+    std::vector<std::pair<std::u16string, int>> expected;
+    Value table;
+    std::mt19937 random(3);
+    for (int i = 0; i < 4000; ++i) {
+        const std::u16string key(1 + random() % 19, static_cast<char16_t>(u'あ' + random() % 20));
+        const auto known = std::find_if(expected.begin(), expected.end(),
+                                        [&](const auto& entry) { return entry.first == key; });
+        EXPECT_EQ(table.Entry(key).NumberOrZero(), known == expected.end() ? 0 : known->second);
+        if (known != expected.end()) expected.erase(known);
+        expected.emplace_back(key, i);
+        table.SetEntry(key, Value::OfInteger(i));
+    }
+    std::u16string text;
+    for (const auto& [key, number] : expected) {
+        if (!text.empty()) text.append(kCrLf);
+        text.append(key).append(u"=").append(FormatNumber(number));
+    }
+    EXPECT_EQ(table.Text(), text);
+}
+
+TEST(Value, APieceThatIsANumberKeepsItsText) {
+    for (const std::u16string_view piece : {u"12", u"-0", u"007", u"1.5", u"1E+15", u"", u"字"}) {
+        EXPECT_EQ(Value::OfPiece(piece).Text(), piece);
+    }
 }
 
 #ifndef VELM_NO_CACHES
