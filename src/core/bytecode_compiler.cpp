@@ -369,17 +369,18 @@ CodeOperand Compiler::Cell(const WordPlan& plan, int line) {
 
 CodeOperand Compiler::Load(const Word& word, int line, const StatementPtr& statement) {
     const WordPlan& plan = word.Plan();
+    const bool calls = plan.kind == PlanKind::kCall && plan.IsLeftToProcedures();
+    const bool isName = plan.kind == PlanKind::kName && plan.symbol != nullptr && !statement;
+    const int slot = isName ? Slot(plan.symbol) : -1;
     const int to = Register();
-    Op& op = Emit(ops::LoadWord(), line);
-    op.b = plan.kind == PlanKind::kName && plan.symbol != nullptr ? Slot(plan.symbol) : -1;
+    Op& op = Emit(calls ? ops::CallWord() : ops::LoadWord(), line);
+    op.b = slot;
     op.c = to;
     OpData& data = AddData(op);
     data.word = word;
     data.symbol = plan.symbol;
     data.statement = statement;
-    if (plan.kind == PlanKind::kCall && plan.IsLeftToProcedures()) {
-        data.call = std::make_shared<const WordCall>(plan);
-    }
+    if (calls) data.call = std::make_shared<const WordCall>(plan);
     return {OperandMode::kRegister, to, 0};
 }
 

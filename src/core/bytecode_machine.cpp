@@ -21,16 +21,24 @@ namespace velm {
 
 Value Frame::noVariable;
 
-void Frame::FillSlots() {
+inline void Frame::FillSlotsInline() {
     if (Locals && Locals.IsShared()) LocalsForChange();
-    for (std::size_t i = 0; i < code.symbols.size(); ++i) {
-        Value* variable = FindForChange(code.symbols[i]);
-        slots[i] = variable != nullptr ? variable : &noVariable;
+    Scope* scope = Locals.Get();
+    Value** slot = slots.data();
+    for (const Symbol* symbol : code.symbols) {
+        Value* variable = scope == nullptr ? nullptr : scope->Find(symbol);
+        if (variable == nullptr) {
+            xxCmdData* entry = Globals.Find(symbol);
+            variable = entry != nullptr ? &entry->Value : &noVariable;
+        }
+        *slot++ = variable;
     }
     globals = Globals.Generation();
-    locals = Locals.Get();
-    localCount = Locals ? Locals->InOrder().size() : 0;
+    locals = scope;
+    localCount = scope == nullptr ? 0 : scope->InOrder().size();
 }
+
+void Frame::FillSlots() { FillSlotsInline(); }
 
 namespace {
 
@@ -268,29 +276,32 @@ const Op* StoreRowCellOp(const Op& op, Frame& frame) {
     return stored ? &op + 1 : Decline(op, frame);
 }
 
-// A word that may run anything. What it throws ends the line; a flag that it sets is for those to see who come
-// to the end of the line.
-const Op* LoadWordOp(const Op& op, Frame& frame) {
-    const OpData& data = *op.data;
-    double& result = frame.registers[static_cast<std::size_t>(op.c)];
-    if (op.b >= 0 && !data.statement && SlotOf(frame, op.b)->IsPlainNumber(result)) return &op + 1;
-    double number = 0;
+// What a word throws ends the line; a flag that it sets is for those to see who come to the end of the line.
+template <class Step>
+inline const Op* RunWord(const Op& op, Frame& frame, Step step) {
     run.CurLine = LineAt(frame, op.line).number;
-    if (data.statement) run.CurrentStatement = data.statement;
-    const bool done = Attempt([&] {
-        if (data.call && FindVariable(data.symbol) == nullptr && data.call->Run()) {
-            number = run.Response.NumberOrZero();
-        } else {
-            number = EvalWord(data.word).NumberOrZero();
-        }
-    });
-    result = number;
-    if (!done) {
+    if (op.data->statement) run.CurrentStatement = op.data->statement;
+    if (!Attempt(step)) {
         pendingFailure.Clear();
         return GoOnBehind(frame, &LineAt(frame, op.line));
     }
     frame.Refresh();
     return &op + 1;
+}
+
+const Op* LoadWordOp(const Op& op, Frame& frame) {
+    double& result = frame.registers[static_cast<std::size_t>(op.c)];
+    if (op.b >= 0 && SlotOf(frame, op.b)->IsPlainNumber(result)) return &op + 1;
+    return RunWord(op, frame, [&] { result = EvalWord(op.data->word).NumberOrZero(); });
+}
+
+const Op* CallWordOp(const Op& op, Frame& frame) {
+    const OpData& data = *op.data;
+    double& result = frame.registers[static_cast<std::size_t>(op.c)];
+    return RunWord(op, frame, [&] {
+        const bool called = FindVariable(data.symbol) == nullptr && data.call->Run();
+        result = called ? run.Response.NumberOrZero() : EvalWord(data.word).NumberOrZero();
+    });
 }
 
 const Op* StoreByRuleOp(const Op& op, Frame& frame) {
@@ -502,8 +513,8 @@ OpHandler WithComparison(int code, Choose choose) {
     }
 }
 
-void Execute(const Bytecode& code, Frame& frame) {
-    frame.FillSlots();
+inline void Execute(const Bytecode& code, Frame& frame) {
+    frame.FillSlotsInline();
     const Op* op = code.ops.data();
     while (op != nullptr) op = op->run(*op, frame);
 }
@@ -573,6 +584,7 @@ OpHandler CopySlot() { return CopySlotOp; }
 OpHandler Round() { return RoundOp; }
 OpHandler TestConditions() { return TestOp; }
 OpHandler LoadWord() { return LoadWordOp; }
+OpHandler CallWord() { return CallWordOp; }
 OpHandler StoreByRule() { return StoreByRuleOp; }
 OpHandler Jump() { return JumpOp; }
 OpHandler RunLine() { return RunLineOp; }

@@ -30,6 +30,7 @@ struct Frame {
 
     // Looks the variables up. One that there isn't gets a place that holds no number.
     void FillSlots();
+    void FillSlotsInline();
     bool AreSlotsValid() const {
         if (Globals.Generation() != globals || Locals.Get() != locals) return false;
         return !Locals || (Locals->InOrder().size() == localCount && !Locals.IsShared());
@@ -68,6 +69,8 @@ OpHandler StoreCell(OperandMode index, OperandMode value);
 OpHandler StoreRowCell(OperandMode row, OperandMode column);
 // register c = the number of data->word, which may run anything; slot b is looked at before, unless it is -1.
 OpHandler LoadWord();
+// The same for a word that most often is a call of a procedure.
+OpHandler CallWord();
 // The variable of data->target = register a, rounded, also where there is no such variable yet.
 OpHandler StoreByRule();
 OpHandler Jump();

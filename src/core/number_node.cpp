@@ -96,6 +96,23 @@ class OperatorNode : public NumberNode {
     Right right_;
 };
 
+// A name, an operator and a number: the most frequent sum, as a whole word and so rounded.
+template <Operator op>
+class StepNode : public NumberNode {
+  public:
+    StepNode(NameOperand name, double number) : name_(std::move(name)), number_(number) {}
+    double Number() const override { return RoundResult(Apply(op, name_.Number(), number_)); }
+    bool Try(double& number) const override {
+        if (!name_.Try(number)) return false;
+        number = RoundResult(Apply(op, number, number_));
+        return true;
+    }
+
+  private:
+    NameOperand name_;
+    double number_;
+};
+
 // An arithmetic word as a whole: its result is rounded.
 class RoundedNode : public NumberNode {
   public:
@@ -190,6 +207,23 @@ NumberNodePtr NodeOf(Operand operand) {
 
 NumberNodePtr CompileSteps(const Expression& expression, int depth);
 
+// name＋number and name－number; nullptr for any other word.
+NumberNodePtr CompileStep(const Expression& expression) {
+    const std::vector<ExpressionStep>& steps = expression.steps;
+    const bool shape = expression.sound && steps.size() == 3 &&
+                       steps[0].kind == ExpressionStep::Kind::kWord &&
+                       steps[1].kind == ExpressionStep::Kind::kNumber;
+    if (!shape) return nullptr;
+    const WordPlan& plan = steps[0].word.Plan();
+    if (plan.kind != PlanKind::kName || plan.symbol == nullptr) return nullptr;
+    NameOperand name{plan.symbol, steps[0].word};
+    if (steps[2].op == Operator::kAdd) {
+        return std::make_unique<StepNode<Operator::kAdd>>(std::move(name), steps[1].number);
+    }
+    if (steps[2].op != Operator::kSubtract) return nullptr;
+    return std::make_unique<StepNode<Operator::kSubtract>>(std::move(name), steps[1].number);
+}
+
 Operand CompileOperand(const Word& word, int depth) {
     if (word.IsEmpty() || depth > kDeepest) return NodeOperand{std::make_unique<WordNode>(word)};
     const WordPlan& plan = word.Plan();
@@ -205,6 +239,9 @@ Operand CompileOperand(const Word& word, int depth) {
             if (plan.symbol == nullptr || plan.arguments.IsEmpty()) break;
             return NodeOperand{std::make_unique<CallNode>(word, plan, depth + 1)};
         case PlanKind::kArithmetic:
+            if (NumberNodePtr step = CompileStep(*plan.expression)) {
+                return NodeOperand{std::move(step)};
+            }
             if (NumberNodePtr sum = CompileSteps(*plan.expression, depth + 1)) {
                 return NodeOperand{std::make_unique<RoundedNode>(std::move(sum))};
             }

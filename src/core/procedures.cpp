@@ -153,7 +153,7 @@ void RunBody(const xxCmdData& entry, ScopePtr locals) {
 void CallWithWords(xxCmdData& entry, WordSpan words) {
     const ParameterSpec& spec = *entry.Parameters;
     PassedVariables passed(spec.copiesOut ? words.size() : 0);
-    ScopePtr locals = MakeScope();
+    ScopePtr locals = Scope::Make();
     ScopePtr saved = Locals;
     BindParameters(spec, words, *locals, passed);
     RunBody(entry, std::move(locals));
@@ -296,84 +296,10 @@ ActionPtr CompileCall(Statement& statement) {
     return words == nullptr ? ActionPtr() : ActionPtr(new SentenceCall(statement, spec, *words));
 }
 
-CallWords::Argument::Argument(const Word& theWord) : word(theWord) {
-    if (word.IsEmpty()) return;
-    const WordPlan& plan = word.Plan();
-    name = word.AsName();
-    number = CompileNumber(word);
-    if (plan.kind == PlanKind::kNumber || plan.kind == PlanKind::kText) constant = &plan.constant;
-}
-
-// What BindWord gives.
-inline Value CallWords::Argument::Bind() const {
-    if (name == nullptr) return Value();
-    if (const Value* variable = FindVariable(name)) return *variable;
-    if (constant != nullptr) return *constant;
-    Value value;
-    double computed = 0;
-    if (number->Try(computed)) {
-        value.SetHeldNumber(computed);
-    } else {
-        value = EvalWord(word);
-    }
-    return value;
-}
-
-CallWords::CallWords(const std::vector<Word>& words) {
-    for (const Word& word : words) arguments_.emplace_back(word);
-}
-
-inline void CallWords::BindTo(const ParameterSpec& spec, Scope& locals) const {
-    const std::size_t count = std::min(arguments_.size(), spec.names.size());
-    for (std::size_t i = 0; i < count; ++i) {
-        const Word& name = spec.names[i];
-        Attempt([&] {
-            if (spec.distinct) {
-                locals.AddNew(name.AsName(), name, arguments_[i].Bind());
-            } else {
-                locals.Add(name, arguments_[i].Bind());
-            }
-        });
-    }
-    if (pendingFailure.IsSet()) pendingFailure.Clear();
-}
-
-void CallWords::Call(const xxCmdData& entry) const {
-    const NestingGuard guard;
-    if (guard.Exhausted()) return;
-    ScopePtr locals = MakeScope();
-    BindTo(*entry.Parameters, *locals);
-    std::swap(Locals, locals);
-    run.Response = Value();
-    RunEventBody(entry);
-    std::swap(Locals, locals);
-}
-
-WordCall::WordCall(const WordPlan& plan) : name_(plan.symbol), words_(plan.arguments.Pieces()) {}
-
-bool WordCall::Run() const {
-    const xxCmdData* entry = FindPlainProcedure(name_);
-    if (entry == nullptr || !entry->Parameters->positional) return false;
-    words_.Call(*entry);
-    return true;
-}
-
-bool CallProcedureByName(std::u16string_view name) {
-    Statement blank;
-    return CallProcedureAsCommand(FindSymbol(name), false, blank);
-}
-
-bool CallEventProcedure(std::u16string_view name) {
-    const xxCmdData* entry = Procedures.Find(name);
-    if (entry == nullptr) return false;
-    RunEventBody(*entry);
-    return true;
-}
-
 namespace {
 
 // Runs the lines of a body from one on, by its code as far as that goes.
-void RunLines(const xxCmdData& entry, const Program& body, std::int32_t next) {
+inline void RunLines(const xxCmdData& entry, const Program& body, std::int32_t next) {
     if (!entry.Code) entry.Code = std::make_shared<KeptCode>();
     const bool running = !run.StopFlag && !run.ReturnFlag;
     const Bytecode* code = running ? entry.Code->Of(body, next, nullptr) : nullptr;
@@ -390,9 +316,7 @@ void RunLines(const xxCmdData& entry, const Program& body, std::int32_t next) {
     }
 }
 
-}  // namespace
-
-void RunEventBody(const xxCmdData& entry) {
+[[gnu::always_inline]] inline void RunBodyLines(const xxCmdData& entry) {
     const std::int32_t line = run.CurLine;
     const std::int32_t program = run.CurProgram;
     const ErrorModes errorMode = run.ErrorMode;
@@ -404,6 +328,89 @@ void RunEventBody(const xxCmdData& entry) {
     if (run.StopFlag) return;  // the line stays, so that the place of the stop can be told
     run.CurLine = line;
     run.CurProgram = program;
+}
+
+}  // namespace
+
+void RunEventBody(const xxCmdData& entry) { RunBodyLines(entry); }
+
+CallWords::Argument::Argument(const Word& theWord) : word(theWord) {
+    if (word.IsEmpty()) return;
+    const WordPlan& plan = word.Plan();
+    name = word.AsName();
+    number = CompileNumber(word);
+    isSum = plan.kind == PlanKind::kArithmetic;
+    if (plan.kind == PlanKind::kNumber || plan.kind == PlanKind::kText) constant = &plan.constant;
+}
+
+// What BindWord gives.
+inline Value CallWords::Argument::Bind() const {
+    if (name == nullptr) return Value();
+    if (const Value* variable = FindVariable(name)) return *variable;
+    if (constant != nullptr) return *constant;
+    double computed = 0;
+    if (!number->Try(computed)) return EvalWord(word);
+    Value value;
+    value.SetHeldNumber(computed);
+    return value;
+}
+
+CallWords::CallWords(const std::vector<Word>& words) {
+    for (const Word& word : words) arguments_.emplace_back(word);
+}
+
+[[gnu::always_inline]] inline void CallWords::BindTo(const ParameterSpec& spec,
+                                                     Scope& locals) const {
+    const std::size_t count = std::min(arguments_.size(), spec.names.size());
+    for (std::size_t i = 0; i < count; ++i) {
+        const Word& name = spec.names[i];
+        const Argument& argument = arguments_[i];
+        double number = 0;
+        // The most frequent case: arithmetic, to be put where it belongs at once.
+        if (spec.distinct && argument.isSum && FindVariable(argument.name) == nullptr &&
+            argument.number->Try(number)) {
+            Attempt([&] { locals.AddNew(name.AsName(), name, Value()).SetHeldNumber(number); });
+        } else {
+            Attempt([&] { locals.Add(name, argument.Bind()); });
+        }
+    }
+    if (pendingFailure.IsSet()) pendingFailure.Clear();
+}
+
+void CallWords::Call(const xxCmdData& entry) const {
+    const NestingGuard guard;
+    if (guard.Exhausted()) return;
+    ScopePtr locals = Scope::Make();
+    BindTo(*entry.Parameters, *locals);
+    std::swap(Locals, locals);
+    run.Response = Value();
+    RunBodyLines(entry);
+    std::swap(Locals, locals);
+}
+
+WordCall::WordCall(const WordPlan& plan) : name_(plan.symbol), words_(plan.arguments.Pieces()) {}
+
+bool WordCall::Run() const {
+    if (entry_ == nullptr || generation_ != Procedures.Generation()) {
+        entry_ = FindPlainProcedure(name_);
+        generation_ = Procedures.Generation();
+        if (entry_ != nullptr && !entry_->Parameters->positional) entry_ = nullptr;
+        if (entry_ == nullptr) return false;
+    }
+    words_.Call(*entry_);
+    return true;
+}
+
+bool CallProcedureByName(std::u16string_view name) {
+    Statement blank;
+    return CallProcedureAsCommand(FindSymbol(name), false, blank);
+}
+
+bool CallEventProcedure(std::u16string_view name) {
+    const xxCmdData* entry = Procedures.Find(name);
+    if (entry == nullptr) return false;
+    RunEventBody(*entry);
+    return true;
 }
 
 }  // namespace velm

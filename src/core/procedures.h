@@ -59,7 +59,7 @@ class CallWords {
         Symbol* name = nullptr;           // none: the word is empty
         const Value* constant = nullptr;  // of a word that is one
         NumberNodePtr number;
-        const NumberNode* sum = nullptr;  // of an arithmetic word
+        bool isSum = false;  // an arithmetic word
 
         Value Bind() const;
     };
@@ -80,6 +80,9 @@ class WordCall {
   private:
     Symbol* name_;
     CallWords words_;
+    // The procedure, and Procedures.Generation() when it was found.
+    mutable const xxCmdData* entry_ = nullptr;
+    mutable std::uint64_t generation_ = 0;
 };
 
 }  // namespace velm

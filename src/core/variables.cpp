@@ -18,13 +18,6 @@
 
 namespace velm {
 
-namespace {
-// Scopes to be used again.
-constexpr std::size_t kMostSpareScopes = 256;
-Scope* firstSpare = nullptr;
-std::size_t spareScopes = 0;
-}  // namespace
-
 ScopePtr Locals;
 
 namespace {
@@ -142,25 +135,20 @@ void StoreIndexed(const AssignmentTarget& target, Value value) {
 
 }  // namespace
 
-void Destroy(Scope* scope) noexcept {
-    if (!kShortRoads || spareScopes >= kMostSpareScopes) {
+void Scope::GiveUp(Scope* scope) noexcept {
+    constexpr std::size_t kMostSpares = kShortRoads ? 256 : 0;
+    if (spares_ == kMostSpares) {
         delete scope;
         return;
     }
     scope->Clear();
-    scope->nextSpare = std::exchange(firstSpare, scope);
-    ++spareScopes;
-}
-
-ScopePtr MakeScope() {
-    if (firstSpare == nullptr) return ScopePtr(new Scope);
-    --spareScopes;
-    return ScopePtr(std::exchange(firstSpare, firstSpare->nextSpare));
+    scope->nextSpare_ = std::exchange(spare_, scope);
+    ++spares_;
 }
 
 Scope& LocalsForChange() {
     if (!Locals) {
-        Locals = MakeScope();
+        Locals = Scope::Make();
     } else if (Locals.IsShared()) {
         auto* own = new Scope(*Locals);
         own->owners = 0;

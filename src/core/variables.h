@@ -42,25 +42,34 @@ class Scope {
         locals_.emplace_back(symbol, name, std::move(value));
         return true;
     }
-    // Adds a variable of a name that isn't there yet.
-    void AddNew(Symbol* symbol, const Word& name, Value&& value) {
-        locals_.emplace_back(symbol, name, std::move(value));
+    // Adds a variable of a name that isn't there yet, and returns its place.
+    Value& AddNew(Symbol* symbol, const Word& name, Value&& value) {
+        return locals_.emplace_back(symbol, name, std::move(value)).value;
     }
     const std::vector<Local>& InOrder() const { return locals_; }
     void Clear() { locals_.clear(); }
 
+    // An empty scope. Those that nobody owns any more are used again, so that a call needs no memory.
+    static CountedPtr<Scope> Make() {
+        if (spare_ == nullptr) return CountedPtr<Scope>(new Scope);
+        --spares_;
+        return CountedPtr<Scope>(std::exchange(spare_, spare_->nextSpare_));
+    }
+    // Gives up a scope that has no owner any more.
+    static void GiveUp(Scope* scope) noexcept;
+
     std::uint32_t owners = 0;
-    Scope* nextSpare = nullptr;  // of a scope that waits to be used again
 
   private:
+    static inline Scope* spare_ = nullptr;
+    static inline std::size_t spares_ = 0;
+
     std::vector<Local> locals_;
+    Scope* nextSpare_ = nullptr;  // of a scope that waits to be used again
 };
 
-void Destroy(Scope* scope) noexcept;
+inline void Destroy(Scope* scope) noexcept { Scope::GiveUp(scope); }
 using ScopePtr = CountedPtr<Scope>;
-
-// An empty scope. Those that nobody owns any more are used again, so that a call needs no memory.
-ScopePtr MakeScope();
 
 // The local variables in force; null when there are none.
 extern ScopePtr Locals;

@@ -16,6 +16,7 @@
 #include "data/utf.h"
 #include "faces/console/console_dialogs.h"
 #include "objects/object_system.h"
+#include "platform/allocator.h"
 #include "platform/files.h"
 #include "platform/posix/toolkit_module.h"
 #include "platform/startup.h"
@@ -87,6 +88,7 @@ int RunScript(const std::string& name) {
 }
 
 int Main(int count, char** words) {
+    KeepFreedMemory();
     InitStackGuard();
     HoldStandardStreams();
     const std::string_view first = count > 1 ? words[1] : "";

@@ -13,6 +13,7 @@
 #include "data/width.h"
 #include "faces/window/choose_script.h"
 #include "objects/object_system.h"
+#include "platform/allocator.h"
 #include "platform/files.h"
 #include "platform/qt/qt_application.h"
 #include "platform/qt/qt_dialogs.h"
@@ -72,6 +73,7 @@ void RunScript(const std::u16string& line, Dialogs& dialogs) {
 }
 
 int Main(int count, char** words) {
+    KeepFreedMemory();
     InitStackGuard();
     const std::u16string line = CommandLineOf(count, words);
     const std::filesystem::path own = OwnPath(words[0]);
