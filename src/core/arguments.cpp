@@ -55,11 +55,17 @@ void Arguments::Read(std::size_t index, double& target) const {
     if (Has(index)) target = NumberAt(index);
 }
 
+bool Arguments::TryNumber(std::size_t index, double& number) const {
+    if (!kShortRoads) return false;
+    if (numbers_.empty()) {
+        for (const Word& word : words_) numbers_.push_back(CompileNumber(word));
+    }
+    return numbers_[index]->Try(number);
+}
+
 double Arguments::NumberAt(std::size_t index) const {
     double number = 0;
-    const Value* value = TryValue(words_[index]);
-    if (value != nullptr && value->IsPlainNumber(number)) return number;
-    return ToDouble(EvalWord(words_[index]));
+    return TryNumber(index, number) ? number : ToDouble(EvalWord(words_[index]));
 }
 
 double ToDouble(const Value& value) {

@@ -4,10 +4,12 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "core/number_node.h"
 #include "core/word.h"
 #include "data/value.h"
 
@@ -44,10 +46,13 @@ class Arguments {
   private:
     std::u16string text_;
     std::vector<Word> words_;
+    // The words as compiled numbers, one each, made at the first asking for a number.
+    mutable std::vector<std::shared_ptr<const NumberNode>> numbers_;
 
     void CheckCount(std::size_t targets) const;
     bool Has(std::size_t index) const { return index < words_.size() && !words_[index].IsEmpty(); }
     double NumberAt(std::size_t index) const;
+    bool TryNumber(std::size_t index, double& number) const;
     void ReadRaw(std::size_t index, Word& target) const;
     void Read(std::size_t index, Value& target) const;
     void Read(std::size_t index, std::u16string& target) const;

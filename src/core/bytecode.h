@@ -13,6 +13,7 @@
 #include <memory>
 #include <vector>
 
+#include "core/action.h"
 #include "core/hooks.h"
 #include "core/loops.h"
 #include "core/run_state.h"
@@ -51,6 +52,7 @@ struct CodeLevel {
     std::int32_t first = 0;   // the line behind the head
     std::int32_t end = 0;     // the line that ends a loop
     const IfPlan* condition = nullptr;
+    bool nested = false;  // a branch behind 他でもし: its walk runs within that of the block
     const LoopPlan* loop = nullptr;
     int state = 0;     // of a loop: which LoopState
     int begin = 0;     // of a loop: its body's first operation
@@ -69,6 +71,7 @@ struct OpData {
     Symbol* symbol = nullptr;
     std::shared_ptr<const WordCall> call;
     std::shared_ptr<const AssignmentTarget> target;
+    ActionPtr action;
     StatementPtr statement;
     // Of a sentence whose verb isn't a keyword itself: Generation() of Commands and of Procedures.
     std::uint64_t commands = 0;
@@ -115,7 +118,7 @@ struct CodeResult {
     std::int32_t line = 0;  // for kWalkOn
 };
 
-// Runs the body of a procedure.
+// Runs the body of a procedure. No flag may be set when code begins to run.
 CodeResult RunCode(const Bytecode& code, const Program& program);
 // Runs a loop from the beginning of a pass on; state is brought up to date.
 CodeResult RunCode(const Bytecode& code, const Program& program, LoopState& state);

@@ -415,14 +415,24 @@ void Compiler::Assignment(Statement& statement, int line) {
         Op& op = Emit(ops::CopySlot(), line);
         op.a = from;
         op.c = slot;
-    } else if (plan.kind == PlanKind::kCall) {
+    } else if (plan.kind == PlanKind::kCall && IsPure(word, 0)) {
         const CodeOperand cell = Pure(word, line);
         const int slot = Slot(target->symbol);
         Op& op = Emit(ops::Store(cell.mode), line);
         op.a = cell.index;
         op.c = slot;
     } else {
-        throw NotCompiled();
+        Op& op = Emit(ops::AssignWord(), line);
+        op.b = plan.kind == PlanKind::kCall ? 1 : 0;
+        OpData& data = AddData(op);
+        data.target = target;
+        data.word = word;
+        data.symbol = plan.symbol;
+        if (plan.kind != PlanKind::kCall) {
+            data.action = CompileAssignment(target, word);
+        } else if (plan.IsLeftToProcedures()) {
+            data.call = std::make_shared<const WordCall>(plan);
+        }
     }
 }
 
@@ -433,8 +443,10 @@ void Compiler::AssignSum(const std::shared_ptr<const AssignmentTarget>& target,
         return;
     }
     const CodeOperand sum = InRegister(AnySum(*plan.expression, line, {}), line);
+    const int slot = Slot(target->symbol);
     Op& op = Emit(ops::StoreByRule(), line);
     op.a = sum.index;
+    op.c = slot;
     AddData(op).target = target;
 }
 
@@ -583,6 +595,7 @@ void Compiler::Block(const IfPlan& plan, std::int32_t number, int line) {
         const int level =
             AddLevel(CodeLevel::Kind::kIf, LineOf(line).level, line, shape.first);
         LevelOf(level).condition = &plan;
+        LevelOf(level).nested = number != LineOf(line).number;
         return Lines(first, level);
     };
     const std::int32_t end = lines(number + 1);

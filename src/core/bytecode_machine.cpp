@@ -57,6 +57,14 @@ const Op* Stop(Frame& frame, CodeResult::End end, std::int32_t line) {
     return nullptr;
 }
 
+// What the walk over a block does at its end, when another one has run within it.
+void FinishBlock(const CodeLine& head) {
+    if (run.StopFlag) return;
+    run.IfBreakFlag = false;
+    run.CurLine = head.last;
+    run.JumpFlag = true;
+}
+
 // The told rule has run a line and left a flag behind, or none: finds out where to go on. Level by level the
 // walk over lines goes on, until a block is behind us as the machine would have left it.
 const Op* GoOnBehind(Frame& frame, const CodeLine* line) {
@@ -78,8 +86,12 @@ const Op* GoOnBehind(Frame& frame, const CodeLine* line) {
                 WalkLoop(*level.loop, state, frame.program, level.first, at + 1);
             }
         });
-        if (!done) pendingFailure.Clear();
         line = &LineAt(frame, level.head);
+        if (!done) {
+            pendingFailure.Clear();
+        } else if (level.nested) {
+            FinishBlock(*line);
+        }
     }
 }
 
@@ -183,7 +195,11 @@ const Op* RoundOp(const Op& op, Frame& frame) {
         return OpAt(frame, result ? op.data->onTrue : op.data->onFalse);
     }
     // A word has set a flag.
-    if (!Attempt([&] { ChooseBranch(plan, result); })) pendingFailure.Clear();
+    if (!Attempt([&] { ChooseBranch(plan, result); })) {
+        pendingFailure.Clear();
+    } else if (op.data->lineNumber != line.number) {
+        FinishBlock(line);
+    }
     return GoOnBehind(frame, &line);
 }
 
@@ -292,7 +308,7 @@ inline const Op* RunWord(const Op& op, Frame& frame, Step step) {
 const Op* LoadWordOp(const Op& op, Frame& frame) {
     double& result = frame.registers[static_cast<std::size_t>(op.c)];
     if (op.b >= 0 && SlotOf(frame, op.b)->IsPlainNumber(result)) return &op + 1;
-    return RunWord(op, frame, [&] { result = EvalWord(op.data->word).NumberOrZero(); });
+    return RunWord(op, frame, [&] { result = EvalCall(op.data->word).NumberOrZero(); });
 }
 
 const Op* CallWordOp(const Op& op, Frame& frame) {
@@ -304,18 +320,42 @@ const Op* CallWordOp(const Op& op, Frame& frame) {
     });
 }
 
+// The end of a line in which words may have run anything.
+inline const Op* EndLine(const Op& op, Frame& frame) {
+    if (pendingFailure.IsSet()) pendingFailure.Clear();
+    if (!IsQuiet()) [[unlikely]] return GoOnBehind(frame, &LineAt(frame, op.line));
+    frame.Refresh();
+    return &op + 1;
+}
+
+// What AssignWord does, for words that the operations on numbers don't know.
+const Op* AssignWordOp(const Op& op, Frame& frame) {
+    const OpData& data = *op.data;
+    const CodeLine& line = LineAt(frame, op.line);
+    run.CurLine = line.number;
+    Attempt([&] {
+        if (data.action && data.action->Run(*line.statement)) return;
+        if (data.call && FindVariable(data.symbol) == nullptr && data.call->Run()) {
+            SetVariable(*data.target, run.Response);
+        } else if (op.b != 0) {
+            SetVariable(*data.target, EvalCall(data.word));
+        } else {
+            Word word = data.word;
+            AssignWord(*data.target, word);
+        }
+    });
+    return EndLine(op, frame);
+}
+
 const Op* StoreByRuleOp(const Op& op, Frame& frame) {
     const double number = RoundResult(frame.registers[static_cast<std::size_t>(op.a)]);
-    const CodeLine& line = LineAt(frame, op.line);
-    if (Value* place = FindForChange(op.data->target->symbol)) {
+    Value* place = SlotOf(frame, op.c);
+    if (place != &Frame::noVariable) [[likely]] {
         place->SetHeldNumber(number);
     } else {
         StoreNumber(*op.data->target, number);
     }
-    if (pendingFailure.IsSet()) pendingFailure.Clear();
-    if (!IsQuiet()) return GoOnBehind(frame, &line);
-    frame.Refresh();
-    return &op + 1;
+    return EndLine(op, frame);
 }
 
 const Op* JumpOp(const Op& op, Frame& frame) { return OpAt(frame, op.a); }
@@ -346,6 +386,15 @@ const Op* BehindLoop(const CodeLevel& level, Frame& frame) {
     return GoOnBehind(frame, &LineAt(frame, level.head));
 }
 
+// Makes all passes that are left of a loop by the walk over lines.
+const Op* WalkPasses(const CodeLevel& level, Frame& frame) {
+    const LoopState& state = frame.loops[static_cast<std::size_t>(level.state)];
+    const bool done = Attempt(
+        [&] { WalkLoop(*level.loop, state, frame.program, level.first, level.first); });
+    if (!done) pendingFailure.Clear();
+    return GoOnBehind(frame, &LineAt(frame, level.head));
+}
+
 const Op* BeginLoopOp(const Op& op, Frame& frame) {
     const CodeLevel& level = LevelOf(op, frame);
     const CodeLine& head = LineAt(frame, level.head);
@@ -360,16 +409,11 @@ const Op* BeginLoopOp(const Op& op, Frame& frame) {
         frame.Refresh();
         return &op + 1;
     }
-    if (hasPass) {  // a word has set a flag
-        if (!Attempt([&] { WalkLoop(*level.loop, state, frame.program, level.first, level.first); })) {
-            pendingFailure.Clear();
-        }
-    } else {
-        // Kept: with a negative count the run goes on from the start.
-        run.CurLine = state.count < 0 ? 0 : level.end;
-        run.LoopBreakFlag = false;
-        if (!run.StopFlag) run.JumpFlag = true;
-    }
+    if (hasPass) return WalkPasses(level, frame);  // a word has set a flag
+    // Kept: with a negative count the run goes on from the start.
+    run.CurLine = state.count < 0 ? 0 : level.end;
+    run.LoopBreakFlag = false;
+    if (!run.StopFlag) run.JumpFlag = true;
     return GoOnBehind(frame, &head);
 }
 
@@ -389,8 +433,11 @@ const Op* BeginLoopOp(const Op& op, Frame& frame) {
     }
     frame.Refresh();
     ++state.pass;
-    if (more && (state.forever || state.pass < state.count)) return &op - op.d;
-    return BehindLoop(level, frame);
+    if (!more || !(state.forever || state.pass < state.count)) return BehindLoop(level, frame);
+    if (IsQuiet()) return &op - op.d;
+    // The next pass begins with a flag.
+    if (level.parent < 0) return Stop(frame, CodeResult::End::kWalkOn, level.first);
+    return WalkPasses(level, frame);
 }
 
 const Op* EndPassOp(const Op& op, Frame& frame) {
@@ -419,9 +466,16 @@ const Op* LeaveLoopOp(const Op& op, Frame& frame) {
     return OpAt(frame, LevelOf(op, frame).passEnd);
 }
 
+// Response is set: leaves the procedure. A flag that a word has set is for the walks around it to see.
+const Op* LeaveProcedure(const Op& op, Frame& frame) {
+    if (IsQuiet()) [[likely]] return Stop(frame, CodeResult::End::kReturned, 0);
+    run.ReturnFlag = true;
+    return GoOnBehind(frame, &LineAt(frame, op.line));
+}
+
 const Op* Return(const Op& op, Frame& frame) {
     if (op.data != nullptr) run.CurrentStatement = op.data->statement;
-    return Stop(frame, CodeResult::End::kReturned, 0);
+    return LeaveProcedure(op, frame);
 }
 
 const Op* ReturnRegisterOp(const Op& op, Frame& frame) {
@@ -453,7 +507,7 @@ const Op* ReturnWordOp(const Op& op, Frame& frame) {
             data.call && FindVariable(data.symbol) == nullptr && data.call->Run();
         if (!called) run.Response = EvalWord(data.word);
     });
-    if (done) return Stop(frame, CodeResult::End::kReturned, 0);
+    if (done) return LeaveProcedure(op, frame);
     pendingFailure.Clear();
     return GoOnBehind(frame, &LineAt(frame, op.line));
 }
@@ -586,6 +640,7 @@ OpHandler TestConditions() { return TestOp; }
 OpHandler LoadWord() { return LoadWordOp; }
 OpHandler CallWord() { return CallWordOp; }
 OpHandler StoreByRule() { return StoreByRuleOp; }
+OpHandler AssignWord() { return AssignWordOp; }
 OpHandler Jump() { return JumpOp; }
 OpHandler RunLine() { return RunLineOp; }
 OpHandler CheckBinding() { return CheckBindingOp; }

@@ -71,8 +71,12 @@ OpHandler StoreRowCell(OperandMode row, OperandMode column);
 OpHandler LoadWord();
 // The same for a word that most often is a call of a procedure.
 OpHandler CallWord();
-// The variable of data->target = register a, rounded, also where there is no such variable yet.
+// The variable of data->target, which is slot c, = register a, rounded, also where there is no such variable
+// yet: the end of a line that ran words.
 OpHandler StoreByRule();
+// The variable of data->target = data->word, whatever it is; data->action is tried before. b: whether the word
+// has arguments.
+OpHandler AssignWord();
 OpHandler Jump();
 // Runs the line by the told rule.
 OpHandler RunLine();

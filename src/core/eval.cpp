@@ -11,6 +11,7 @@
 #include "core/procedures.h"
 #include "core/run_state.h"
 #include "core/sentence.h"
+#include "core/short_roads.h"
 #include "core/stack_guard.h"
 #include "core/variables.h"
 #include "core/word_plan.h"
@@ -148,6 +149,16 @@ Value EvalWord(Word& word) {
     if (!plan.rewritten.empty() || plan.kind == PlanKind::kEmpty) word = Word(plan.rewritten);
     if (const Value* simple = SimpleValue(plan)) return *simple;
     return EvalGuarded(std::move(held));
+}
+
+Value EvalCall(const Word& word) {
+    if (!kShortRoads || word.IsEmpty()) return EvalWord(word);
+    const WordPlan& plan = word.Plan();
+    if (plan.kind != PlanKind::kCall || FindVariable(plan.symbol) != nullptr) return EvalWord(word);
+    const FunctionBinding& binding = plan.Function();
+    if (binding.function == nullptr) return EvalWord(word);
+    const NestingGuard guard(word.Text().size());
+    return guard.Exhausted() ? Value() : CallHandler(*binding.function, *binding.arguments);
 }
 
 // A few parts of usual length are put together at once.

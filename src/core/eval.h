@@ -16,6 +16,8 @@ class WordPlan;
 // The value of a word. The first form may rewrite the word: trimmed, or a number freed of its brackets.
 Value EvalWord(Word& word);
 Value EvalWord(const Word& word);
+// The same for a word that most often is a call of a function, by a shorter road. The caller holds the word.
+Value EvalCall(const Word& word);
 // The same for text that is no word of a sentence. Its plan is kept for a while.
 Value EvalText(std::u16string_view text);
 

@@ -172,7 +172,8 @@ void RunBlock(const LoopPlan& plan, LoopState& state, const Program& program,
     bool leftAtEnd = false;
     for (bool more = HasPass(state); more; more = EndPass(plan, state, leftAtEnd)) {
         line = first;
-        if (const Bytecode* code = plan.code->Of(program, first, &plan)) {
+        const Bytecode* code = run.AnySet() ? nullptr : plan.code->Of(program, first, &plan);
+        if (code != nullptr) {
             const CodeResult result = RunCode(*code, program, state);
             line = result.line;
             leftAtEnd = false;

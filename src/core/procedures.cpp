@@ -301,8 +301,8 @@ namespace {
 // Runs the lines of a body from one on, by its code as far as that goes.
 inline void RunLines(const xxCmdData& entry, const Program& body, std::int32_t next) {
     if (!entry.Code) entry.Code = std::make_shared<KeptCode>();
-    const bool running = !run.StopFlag && !run.ReturnFlag;
-    const Bytecode* code = running ? entry.Code->Of(body, next, nullptr) : nullptr;
+    const bool quiet = !run.StopFlag && !run.AnySet();
+    const Bytecode* code = quiet ? entry.Code->Of(body, next, nullptr) : nullptr;
     if (code != nullptr) {
         const CodeResult result = RunCode(*code, body);
         if (result.end == CodeResult::End::kReturned) return;
