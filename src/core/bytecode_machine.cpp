@@ -315,7 +315,7 @@ const Op* CallWordOp(const Op& op, Frame& frame) {
     const OpData& data = *op.data;
     double& result = frame.registers[static_cast<std::size_t>(op.c)];
     return RunWord(op, frame, [&] {
-        const bool called = FindVariable(data.symbol) == nullptr && data.call->Run();
+        const bool called = SlotOf(frame, op.b) == &Frame::noVariable && data.call->Run();
         result = called ? run.Response.NumberOrZero() : EvalWord(data.word).NumberOrZero();
     });
 }
