@@ -32,7 +32,8 @@ inline void Destroy(const Action* action) noexcept { delete action; }
 using ActionPtr = CountedPtr<const Action>;
 
 // The action of an assignment; none for one that has no short road.
-ActionPtr CompileAssignment(const std::shared_ptr<const AssignmentTarget>& target, const Word& word);
+ActionPtr CompileAssignment(const std::shared_ptr<const AssignmentTarget>& target,
+                            const Word& word);
 
 // What the handlers of other sentences give theirs.
 ActionPtr CompileIf(Statement& statement);

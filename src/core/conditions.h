@@ -45,7 +45,7 @@ struct Comparison {
     Word left;
     Word right;  // for a range or a choice its first word
     Word second;
-    std::u16string inner;  // the word in double quotes
+    std::u16string inner;                                // the word in double quotes
     std::shared_ptr<const CompiledComparison> compiled;  // none: it is no comparison by a sign
 };
 

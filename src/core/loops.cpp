@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "core/blocks.h"
-#include "core/bytecode.h"
+#include "core/bytecode/bytecode.h"
 #include "core/diagnostics.h"
 #include "core/eval.h"
 #include "core/hooks.h"
@@ -119,8 +119,7 @@ Statement& LineOf(const Program& program, std::int32_t line) {
 }
 
 bool IsProcedureEnd(const Program& program, std::int32_t line) {
-    return !InProgram(program, line) ||
-           LineOf(program, line).Kind == StatementKind::kProcedureEnd;
+    return !InProgram(program, line) || LineOf(program, line).Kind == StatementKind::kProcedureEnd;
 }
 
 bool IsEnding(const Program& program, std::int32_t line) {
@@ -162,8 +161,7 @@ void GoOnBehind(std::int32_t line, bool leftAtEnd) {
 
 // The passes of a loop whose body is the lines from first on. Kept: with a negative count no pass and no scan
 // is made, so that the run goes on from the start.
-void RunBlock(const LoopPlan& plan, LoopState& state, const Program& program,
-              std::int32_t first) {
+void RunBlock(const LoopPlan& plan, LoopState& state, const Program& program, std::int32_t first) {
     if (!state.forever && state.count == 0) {
         GoOnBehind(EndOfBody(program, first), false);
         return;

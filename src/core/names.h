@@ -53,7 +53,7 @@ struct xxCmdData {
     JoshiList Joshi;
     // Procedures: the parameter list as read from Value, made at the first call.
     std::shared_ptr<const ParameterSpec> Parameters;
-    // Procedures: the code of the body (core/bytecode.h).
+    // Procedures: the code of the body (core/bytecode/bytecode.h).
     mutable std::shared_ptr<KeptCode> Code;
     // Whether a sentence or word has used the row in this process; kept for the tests' coverage.
     bool used = false;

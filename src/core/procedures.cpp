@@ -9,7 +9,7 @@
 #include <utility>
 
 #include "core/action.h"
-#include "core/bytecode.h"
+#include "core/bytecode/bytecode.h"
 #include "core/diagnostics.h"
 #include "core/eval.h"
 #include "core/execute.h"
@@ -291,8 +291,8 @@ ActionPtr CompileCall(Statement& statement) {
     const xxCmdData* entry = FindPlainProcedure(statement.Verb.AsName());
     if (entry == nullptr) return ActionPtr();
     const std::shared_ptr<const ParameterSpec>& spec = entry->Parameters;
-    const std::vector<Word>* words = spec->positional ? &statement.WoArg.Pieces()
-                                                      : SettledWords(statement, spec->particleViews);
+    const std::vector<Word>* words =
+        spec->positional ? &statement.WoArg.Pieces() : SettledWords(statement, spec->particleViews);
     return words == nullptr ? ActionPtr() : ActionPtr(new SentenceCall(statement, spec, *words));
 }
 

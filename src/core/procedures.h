@@ -24,7 +24,7 @@ struct ParameterSpec {
     std::vector<std::u16string_view> particleViews;
     std::vector<Word> names;
     bool distinct = false;  // all have names, and no two the same
-    xxCmdData byParticle;  // Joshi and Flags, for calls in word form
+    xxCmdData byParticle;   // Joshi and Flags, for calls in word form
 };
 
 // Enters the procedures of a program. A later definition of a name replaces the earlier one.

@@ -33,7 +33,7 @@ struct Program {
     std::vector<StatementPtr> Statements;  // one a line
     std::u16string FileName;          // base name of a file added by 参照; empty: main script
     std::vector<std::int32_t> Depth;  // block depth of each line
-    std::uint64_t version = 0;        // another one after each change of lines or depths; see NewVersion
+    std::uint64_t version = 0;  // another one after each change of lines or depths; see NewVersion
     std::uint32_t owners = 0;
 };
 inline void Destroy(Program* program) noexcept { delete program; }

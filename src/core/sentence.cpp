@@ -272,7 +272,8 @@ const std::vector<Word>* SettledWords(const Statement& statement,
                                       std::span<const std::u16string_view> particles) {
     if (!statement.cache) return nullptr;
     for (const SplitCache& cached : statement.cache->splits) {
-        const bool settled = statement.temporary ? cached.before == 0 : cached.before == cached.after;
+        const bool settled =
+            statement.temporary ? cached.before == 0 : cached.before == cached.after;
         if (settled && cached.after == statement.fences && SameParticles(cached, particles)) {
             return &cached.found;
         }

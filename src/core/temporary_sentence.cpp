@@ -60,14 +60,15 @@ void TemporarySentence::Instance::Exec() {
 }
 
 bool TemporarySentence::Instance::IsBound() const {
-    return kind_ != StatementKind::kCommand || (commands_ == Commands.Generation() &&
-                                                procedures_ == Procedures.Generation());
+    return kind_ != StatementKind::kCommand ||
+           (commands_ == Commands.Generation() && procedures_ == Procedures.Generation());
 }
 
 bool TemporarySentence::Instance::TryExec() {
     if (!statement_->action || !IsBound()) return false;
     if (kind_ == StatementKind::kCommand && !statement_->exact) run.Response = Value();
-    const ActionPtr held = statement_->action;  // a sentence that runs within itself may take another one
+    const ActionPtr held =
+        statement_->action;  // a sentence that runs within itself may take another one
     return TryStatement(*statement_);
 }
 

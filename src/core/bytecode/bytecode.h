@@ -48,16 +48,16 @@ struct CodeLevel {
 
     Kind kind = Kind::kBody;
     int parent = -1;
-    int head = -1;            // the CodeLine of the block's head; a branch has that of the whole block
-    std::int32_t first = 0;   // the line behind the head
-    std::int32_t end = 0;     // the line that ends a loop
+    int head = -1;  // the CodeLine of the block's head; a branch has that of the whole block
+    std::int32_t first = 0;  // the line behind the head
+    std::int32_t end = 0;    // the line that ends a loop
     const IfPlan* condition = nullptr;
     bool nested = false;  // a branch behind 他でもし: its walk runs within that of the block
     const LoopPlan* loop = nullptr;
-    int state = 0;     // of a loop: which LoopState
-    int begin = 0;     // of a loop: its body's first operation
-    int behind = 0;    // of a loop: the operation behind it
-    int passEnd = 0;   // of a loop: the operation between two passes
+    int state = 0;    // of a loop: which LoopState
+    int begin = 0;    // of a loop: its body's first operation
+    int behind = 0;   // of a loop: the operation behind it
+    int passEnd = 0;  // of a loop: the operation between two passes
 };
 
 // What an operation needs beside its numbers; which members are set is for its handler to know.
@@ -97,7 +97,8 @@ struct Bytecode {
 
     std::uint64_t version = 0;  // Program::version
     std::int32_t first = 0;
-    bool settled = true;  // every sentence in it is bound: compiling it anew would give nothing better
+    bool settled =
+        true;  // every sentence in it is bound: compiling it anew would give nothing better
     std::vector<Op> ops;
     std::vector<CodeLine> lines;
     std::vector<CodeLevel> levels;

@@ -1,47 +1,15 @@
-// The frame of a running bytecode, and the operations that the compiler chooses from.
+// The operations that the compiler chooses from.
 #pragma once
 
-#include <array>
 #include <cstdint>
 
-#include "core/bytecode.h"
+#include "core/bytecode/bytecode.h"
 #include "core/operators.h"
-#include "data/value.h"
 
 namespace velm {
 
 // Where an operand is: a slot (a variable), a register, or the number of the operation.
 enum class OperandMode : std::uint8_t { kSlot, kRegister, kConstant };
-
-struct Frame {
-    Frame(const Bytecode& theCode, const Program& theProgram)
-        : code(theCode), program(theProgram) {}
-
-    const Bytecode& code;
-    const Program& program;
-    std::array<Value*, Bytecode::kMostSlots> slots;
-    std::array<double, Bytecode::kMostRegisters> registers;
-    std::array<LoopState, Bytecode::kMostLoops> loops;
-    CodeResult result;
-    // The variables as they were when the slots were filled.
-    std::uint64_t globals = 0;
-    const Scope* locals = nullptr;
-    std::size_t localCount = 0;
-
-    // Looks the variables up. One that there isn't gets a place that holds no number.
-    void FillSlots();
-    void FillSlotsInline();
-    bool AreSlotsValid() const {
-        if (Globals.Generation() != globals || Locals.Get() != locals) return false;
-        return !Locals || (Locals->InOrder().size() == localCount && !Locals.IsShared());
-    }
-    // To be called when a script may have run.
-    void Refresh() {
-        if (!AreSlotsValid()) FillSlots();
-    }
-    // What stands in the slot of a name that is no variable.
-    static Value noVariable;
-};
 
 // What the operations do. a, b and c are members of Op: slots and registers, or operations to go on at. An
 // operation on numbers that meets anything else hands its line over to the told rule.
