@@ -273,11 +273,17 @@ void Compiler::Patch(const std::vector<int>& jumps) {
 void Compiler::Condition(const IfPlan& plan, std::int32_t number, int line,
                          std::vector<int>& whenFalse) {
     const std::vector<Comparison>& conditions = plan.condition.conditions;
-    const bool native =
-        !plan.condition.anyMode &&
-        std::all_of(conditions.begin(), conditions.end(), [](const Comparison& each) {
-            return each.compiled && IsPure(each.left, 0) && IsPure(each.right, 0);
-        });
+    // An operation that declines runs the whole block anew; behind 他でもし that would be once too often.
+    const bool isFirst = number == LineOf(line).number;
+    const auto isNative = [&](const Word& side) {
+        if (!IsPure(side, 0)) return false;
+        const PlanKind kind = side.Plan().kind;
+        return isFirst || kind == PlanKind::kName || kind == PlanKind::kNumber;
+    };
+    const bool native = !plan.condition.anyMode &&
+                        std::all_of(conditions.begin(), conditions.end(), [&](const auto& each) {
+                            return each.compiled && isNative(each.left) && isNative(each.right);
+                        });
     if (native) {
         Comparisons(plan, number, line, whenFalse);
         return;
