@@ -35,9 +35,9 @@ void TemporarySentence::Instance::Renew() {
     if (statement.fences != 0) {
         statement.fences = 0;
         statement.Marked = marked_;
-        statement.Verb = verb_;
-        statement.loopMark = LoopMark::kUnknown;
     }
+    statement.Verb = verb_;  // trimmed also where no fence was set
+    statement.loopMark = LoopMark::kUnknown;
     statement.HeArg = he_;
     statement.DeArg = Word();
     if (commands_ != Commands.Generation() || procedures_ != Procedures.Generation()) {
