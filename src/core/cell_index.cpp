@@ -1,22 +1,15 @@
 // Reading and storing cells by a compiled index.
 #include "core/cell_index.h"
 
-#include <cstdint>
-
 #include "core/short_roads.h"
 
 namespace velm {
 
 namespace {
 
-// Where an index points to, from 0. Kept to the told rule: 0 and all that is no whole number from 1 on.
 inline bool TryPosition(const NumberNode& node, std::size_t& position) {
-    constexpr double kLimit = 2147483647;
     double number = 0;
-    if (!node.Try(number) || !(number >= 1 && number <= kLimit)) return false;
-    const auto whole = static_cast<std::int32_t>(number);
-    position = static_cast<std::size_t>(whole) - 1;
-    return whole == number;
+    return node.Try(number) && ToPosition(number, position);
 }
 
 }  // namespace

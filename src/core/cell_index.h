@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 #include "core/number_node.h"
@@ -9,6 +10,15 @@
 #include "data/value.h"
 
 namespace velm {
+
+// Where an index points to, from 0; false for all that is no whole number from 1 on.
+inline bool ToPosition(double number, std::size_t& position) {
+    constexpr double kLimit = 2147483647;
+    if (!(number >= 1 && number <= kLimit)) return false;
+    const auto whole = static_cast<std::int32_t>(number);
+    position = static_cast<std::size_t>(whole) - 1;
+    return whole == number;
+}
 
 class CellIndex {
   public:

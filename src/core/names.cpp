@@ -103,6 +103,8 @@ void NameTable::Remove(Symbol* key) {
     const auto at = std::find(order_.begin(), order_.end(), place) - order_.begin();
     order_.erase(order_.begin() + at);
     keys_.erase(keys_.begin() + at);
+    // A script that runs texts over and over enters its procedures anew each time.
+    if (place->running == 0) place->Code.reset();
     place = nullptr;
     ++generation_;
 }

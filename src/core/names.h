@@ -55,6 +55,7 @@ struct xxCmdData {
     std::shared_ptr<const ParameterSpec> Parameters;
     // Procedures: the code of the body (core/bytecode/bytecode.h).
     mutable std::shared_ptr<KeptCode> Code;
+    mutable std::uint32_t running = 0;  // how many runs of the body there are
     // Whether a sentence or word has used the row in this process; kept for the tests' coverage.
     bool used = false;
 };

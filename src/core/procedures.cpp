@@ -316,12 +316,25 @@ inline void RunLines(const xxCmdData& entry, const Program& body, std::int32_t n
     }
 }
 
+// Notes that a body runs, so that its code is kept.
+class Running {
+  public:
+    explicit Running(const xxCmdData& entry) : entry_(entry) { ++entry_.running; }
+    Running(const Running&) = delete;
+    Running& operator=(const Running&) = delete;
+    ~Running() { --entry_.running; }
+
+  private:
+    const xxCmdData& entry_;
+};
+
 [[gnu::always_inline]] inline void RunBodyLines(const xxCmdData& entry) {
     const std::int32_t line = run.CurLine;
     const std::int32_t program = run.CurProgram;
     const ErrorModes errorMode = run.ErrorMode;
     run.CurProgram = entry.Num;
     const ProgramPtr body = Programs[static_cast<std::size_t>(entry.Num)];
+    const Running running(entry);
     RunLines(entry, *body, static_cast<std::int32_t>(entry.FuncPnt.line));
     run.ReturnFlag = false;
     run.ErrorMode = errorMode;

@@ -72,6 +72,7 @@ std::int32_t Compiler::LastLine(std::int32_t head) const {
     if (At(head).mark == LineMark::kCaseHead) return LastOfCases(head);
     if (At(head).Kind == StatementKind::kIf) {
         std::int32_t line = head;
+        if (!std::u16string_view(At(head).Source).ends_with(u"なら")) return head;
         while (line + 1 < Size() && depth(line + 1) > depth(head)) ++line;
         return line;
     }

@@ -3,6 +3,7 @@
 
 #include "core/bytecode/machine.h"
 #include "core/bytecode/ops.h"
+#include "core/cell_index.h"
 #include "core/compiled_comparison.h"
 #include "core/conditions.h"
 #include "core/if_blocks.h"
@@ -120,15 +121,6 @@ const Op* CompareOp(const Op& op, Frame& frame) {
     double right = 0;
     if (!Get<a>(op, op.a, frame, left) || !Get<b>(op, op.b, frame, right)) return TestOp(op, frame);
     return Holds<code>(left, right) ? &op + 1 : OpAt(frame, op.c);
-}
-
-// Where an index points to, from 0; false for all that is no whole number from 1 on.
-inline bool ToPosition(double number, std::size_t& position) {
-    constexpr double kLimit = 2147483647;
-    if (!(number >= 1 && number <= kLimit)) return false;
-    const auto whole = static_cast<std::int32_t>(number);
-    position = static_cast<std::size_t>(whole) - 1;
-    return whole == number;
 }
 
 template <OperandMode mode>
