@@ -146,14 +146,15 @@ class CallNode : public NumberNode {
         : word_(word),
           symbol_(plan.symbol),
           index_(plan.arguments.Pieces(), depth),
-          call_(plan.IsLeftToProcedures() ? std::make_unique<WordCall>(plan) : nullptr) {}
+          depth_(depth),
+          isCall_(plan.IsLeftToProcedures()) {}
 
     double Number() const override {
         double number = 0;
         const Value* table = FindVariable(symbol_);
         if (table != nullptr && index_.Read(*table, number)) return number;
-        if (table == nullptr && call_ && call_->Run()) return run.Response.NumberOrZero();
-        return EvalWord(word_).NumberOrZero();
+        if (table == nullptr && isCall_ && Call().Run()) return run.Response.NumberOrZero();
+        return EvalCall(word_).NumberOrZero();
     }
     bool Try(double& number) const override {
         const Value* table = FindVariable(symbol_);
@@ -164,7 +165,14 @@ class CallNode : public NumberNode {
     Word word_;
     Symbol* symbol_;
     CellIndex index_;
-    std::unique_ptr<const WordCall> call_;  // none: the name is a function's or a property's
+    int depth_;
+    bool isCall_;  // a procedure's, unless a variable has the name
+    mutable std::unique_ptr<const WordCall> call_;
+
+    const WordCall& Call() const {
+        if (!call_) call_ = std::make_unique<const WordCall>(word_.Plan(), depth_);
+        return *call_;
+    }
 };
 
 template <Operator op>

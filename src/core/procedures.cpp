@@ -347,11 +347,11 @@ class Running {
 
 void RunEventBody(const xxCmdData& entry) { RunBodyLines(entry); }
 
-CallWords::Argument::Argument(const Word& theWord) : word(theWord) {
+CallWords::Argument::Argument(const Word& theWord, int depth) : word(theWord) {
     if (word.IsEmpty()) return;
     const WordPlan& plan = word.Plan();
     name = word.AsName();
-    number = CompileNumber(word);
+    number = CompileNumber(word, depth);
     isSum = plan.kind == PlanKind::kArithmetic;
     if (plan.kind == PlanKind::kNumber || plan.kind == PlanKind::kText) constant = &plan.constant;
 }
@@ -368,8 +368,8 @@ inline Value CallWords::Argument::Bind() const {
     return value;
 }
 
-CallWords::CallWords(const std::vector<Word>& words) {
-    for (const Word& word : words) arguments_.emplace_back(word);
+CallWords::CallWords(const std::vector<Word>& words, int depth) {
+    for (const Word& word : words) arguments_.emplace_back(word, depth);
 }
 
 [[gnu::always_inline]] inline void CallWords::BindTo(const ParameterSpec& spec,
@@ -401,7 +401,8 @@ void CallWords::Call(const xxCmdData& entry) const {
     std::swap(Locals, locals);
 }
 
-WordCall::WordCall(const WordPlan& plan) : name_(plan.symbol), words_(plan.arguments.Pieces()) {}
+WordCall::WordCall(const WordPlan& plan, int depth)
+    : name_(plan.symbol), words_(plan.arguments.Pieces(), depth) {}
 
 bool WordCall::Run() const {
     if (entry_ == nullptr || generation_ != Procedures.Generation()) {

@@ -46,14 +46,15 @@ void RunEventBody(const xxCmdData& entry);
 // The words of a compiled call.
 class CallWords {
   public:
-    explicit CallWords(const std::vector<Word>& words);
+    // depth: how many compiled words these lie within.
+    explicit CallWords(const std::vector<Word>& words, int depth = 0);
 
     // Calls a procedure that doesn't copy out with these words; see CallProcedureAsWord.
     void Call(const xxCmdData& entry) const;
 
   private:
     struct Argument {
-        explicit Argument(const Word& theWord);
+        Argument(const Word& theWord, int depth);
 
         Word word;
         Symbol* name = nullptr;           // none: the word is empty
@@ -71,7 +72,7 @@ class CallWords {
 // A compiled word that nothing but a procedure knows.
 class WordCall {
   public:
-    explicit WordCall(const WordPlan& plan);
+    explicit WordCall(const WordPlan& plan, int depth = 0);
 
     // CallProcedureAsWord for a procedure that takes its words by position, and doesn't copy out. false, with
     // nothing done, for any other.
