@@ -222,6 +222,11 @@ class Brackets(Case):
         nested = "ア（" * BRACKETS + "1" + "）" * BRACKETS
         self.expect_too_deep(f"ア＝1,2\nイ＝{nested}\n「次」を表示\n")
 
+    def test_nested_indexes_in_a_loop(self):
+        nested = "ア（" * 3000 + "1" + "）" * 3000
+        self.expect(f"ア＝1,2\n3回、繰り返す\nイ＝{nested}\n繰り返し終わり\nイを表示\n", "1\n",
+                    memory=GIGABYTE)
+
     def test_nested_arithmetic(self):
         for opener, closer in ("（）", "()"):
             with self.subTest(opener=opener):
@@ -234,6 +239,33 @@ class Brackets(Case):
         self.assertIn("）が1ヶ所不足しています", err)
         self.assertNotIn(TOO_DEEP, err)
         self.assertEqual(out.splitlines()[0], "あ（1+2")
+
+
+class Loops(Case):
+    """Bodies that are long or deep, run often enough to be compiled."""
+
+    def loop(self, lines):
+        return "\n".join(["ア＝0", "3回、繰り返す", *lines, "繰り返し終わり", "アを表示"]) + "\n"
+
+    def test_nested_blocks(self):
+        lines = ["もし ア＞＝0 なら"] * 20000 + ["ア＝ア＋1"] + ["もし終わり"] * 20000
+        self.expect(self.loop(lines), "3\n")
+
+    def test_many_branches(self):
+        lines = ["もし ア＝-1 なら", "ア＝1"]
+        for number in range(5000):
+            lines += [f"他でもし ア＝{number + 10} なら", "ア＝ア＋1"]
+        self.expect(self.loop([*lines, "他なら", "ア＝ア＋1", "もし終わり"]), "3\n")
+
+    def test_nested_loops(self):
+        lines = ["1回、繰り返す"] * 3000 + ["ア＝ア＋1"] + ["繰り返し終わり"] * 3000
+        self.expect(self.loop(lines), "3\n")
+
+    def test_long_body(self):
+        self.expect(self.loop(["ア＝ア＋1"] * 100000), "300000\n")
+
+    def test_long_sum(self):
+        self.expect(self.loop(["イ＝" + "＋".join(["1"] * 100000), "ア＝ア＋イ"]), "300000\n")
 
 
 class Recursion(Case):

@@ -140,8 +140,10 @@ class Branch {
 
     bool TakeCase(Statement& statement) {
         const CasePlan& plan = PlanOf(statement);
-        inline_ = plan.sentence;
-        return MatchesCase(plan);
+        inline_ = plan.sentence;  // what the value runs may drop the statement
+        if (MatchesCase(plan)) return true;
+        inline_.reset();
+        return false;
     }
 
     void RunCase() {

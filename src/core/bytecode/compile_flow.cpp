@@ -73,7 +73,8 @@ void Compiler::ReturnWith(const Word& word, Statement& statement, int line) {
     } else if (pure) {
         emit(ops::ReturnRegister(), InRegister(Pure(word, line), line).index);
     } else if (plan.kind == PlanKind::kArithmetic) {
-        const CodeOperand sum = InRegister(AnySum(*plan.expression, line, held), line);
+        const CodeOperand sum =
+            Rounded(InRegister(AnySum(*plan.expression, line, held), line), line);
         Op& op = Emit(ops::ReturnRegister(), line);
         op.a = sum.index;
     } else if (plan.kind == PlanKind::kCall && plan.IsLeftToProcedures()) {

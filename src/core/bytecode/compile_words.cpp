@@ -72,10 +72,10 @@ CodeOperand Compiler::Sum(const Expression& expression, int line, std::optional<
         if (last) return left;
     }
     if (slot) {
-        Op& op = Emit(ops::Store(operands.back().mode), line);
-        op.a = operands.back().index;
+        const CodeOperand sum = Rounded(InRegister(operands.back(), line), line);
+        Op& op = Emit(ops::Store(sum.mode), line);
+        op.a = sum.index;
         op.c = *slot;
-        op.number = operands.back().number;
     }
     return operands.back();
 }

@@ -204,7 +204,7 @@ const Op* Return(const Op& op, Frame& frame) {
 }
 
 const Op* ReturnRegisterOp(const Op& op, Frame& frame) {
-    run.Response.SetHeldNumber(RoundResult(RegisterOf(frame, op.a)));
+    run.Response.SetHeldNumber(RegisterOf(frame, op.a));
     return Return(op, frame);
 }
 

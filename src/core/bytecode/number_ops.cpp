@@ -54,7 +54,7 @@ const Op* StoreOp(const Op& op, Frame& frame) {
     double number = 0;
     Value* place = SlotOf(frame, op.c);
     if (!Get<a>(op, op.a, frame, number) || place == &Frame::noVariable) return Decline(op, frame);
-    place->SetHeldNumber(RoundResult(number));
+    place->SetHeldNumber(number);
     return &op + 1;
 }
 

@@ -18,7 +18,8 @@ namespace ops {
 // register c = a op b; slot c = a op b, rounded as the result of an assignment.
 OpHandler Arithmetic(Operator op, OperandMode a, OperandMode b);
 OpHandler ArithmeticToSlot(Operator op, OperandMode a, OperandMode b);
-// register c = a; slot c = a, rounded; slot c = *constant; slot c = slot a, whatever it holds.
+// register c = a; slot c = a, a number as values hold it; slot c = *constant; slot c = slot a, whatever it
+// holds.
 OpHandler Load(OperandMode a);
 OpHandler Store(OperandMode a);
 OpHandler CopyConstant();
@@ -57,7 +58,7 @@ inline constexpr int kCounterByRule = -2;
 OpHandler BeginLoop();
 OpHandler EndPass();
 OpHandler LeaveLoop();
-// 抜ける out of the procedure, with register a, slot a, *constant, data->word, or nothing.
+// 抜ける out of the procedure, with register a (a number as values hold it), slot a, *constant, data->word, or nothing.
 OpHandler ReturnRegister();
 OpHandler ReturnSlot();
 OpHandler ReturnConstant();
