@@ -9,8 +9,8 @@
 namespace velm {
 
 bool Compiler::IsPure(const Word& word, int depth) {
-    constexpr int kDeepest = 8;
-    if (word.IsEmpty() || depth > kDeepest) return false;
+    constexpr int kDeepestWord = 8;
+    if (word.IsEmpty() || depth > kDeepestWord) return false;
     const WordPlan& plan = word.Plan();
     double number = 0;
     switch (plan.kind) {
