@@ -128,6 +128,7 @@ Value EvalLongJoin(const WordPlan& plan, std::size_t first) {
 }
 
 // The word is held: a nested run may drop the statement that owns it.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 [[gnu::noinline]] Value EvalGuarded(const Word held) {
     const NestingGuard guard(held.Text().size());
     if (guard.Exhausted()) return Value();

@@ -1,6 +1,7 @@
 // The walk through folders.
 #include "core/file_search.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "data/failure.h"
@@ -52,9 +53,8 @@ class Search {
 
     static void PushEntries(std::vector<FolderEntry> entries, const std::u16string& place,
                             std::vector<Waiting>& waiting) {
-        for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry) {
-            waiting.push_back({place, std::move(*entry)});
-        }
+        std::reverse(entries.begin(), entries.end());
+        for (FolderEntry& entry : entries) waiting.push_back({place, std::move(entry)});
     }
 
     void Enter(const Waiting& folder, std::vector<Waiting>& waiting) const {

@@ -116,7 +116,7 @@ union ProcessTable {
     explicit ProcessTable(TableKind kind) : table(kind) {}
     ProcessTable(const ProcessTable&) = delete;
     ProcessTable& operator=(const ProcessTable&) = delete;
-    ~ProcessTable() {}
+    ~ProcessTable() {}  // NOLINT(modernize-use-equals-default): that would be deleted
 
     NameTable table;
 };

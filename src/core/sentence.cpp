@@ -341,15 +341,15 @@ std::u16string FenceArguments(const xxCmdData& entry, std::u16string_view argume
 }  // namespace
 
 std::vector<std::u16string> SortByParticles(const xxCmdData& entry, std::u16string_view arguments) {
-    constexpr std::u16string_view marker(&kMarker, 1);
+    constexpr std::u16string_view kMark(&kMarker, 1);
     std::u16string text = FenceArguments(entry, arguments);
-    if (CountOf(text, marker) < static_cast<std::size_t>(std::max(entry.Flags, 0))) {
+    if (CountOf(text, kMark) < static_cast<std::size_t>(std::max(entry.Flags, 0))) {
         const std::u16string normalised = NormaliseCommas(arguments);
         const std::vector<std::u16string_view> pieces = CutAtCommas(normalised);
         return {pieces.begin(), pieces.end()};
     }
-    text = ReplaceAll(text, u"、\x03", marker);
-    const std::vector<std::u16string_view> parts = Split(text, marker);
+    text = ReplaceAll(text, u"、\x03", kMark);
+    const std::vector<std::u16string_view> parts = Split(text, kMark);
     std::vector<std::u16string> words(entry.Joshi.size());
     for (std::size_t k = 1; k < parts.size(); k += 2) {
         for (std::size_t i = 0; i < words.size(); ++i) {

@@ -137,13 +137,13 @@ void StoreIndexed(const AssignmentTarget& target, Value value) {
 
 void Scope::GiveUp(Scope* scope) noexcept {
     constexpr std::size_t kMostSpares = kShortRoads ? 256 : 0;
-    if (spares_ == kMostSpares) {
+    if (spareCount == kMostSpares) {
         delete scope;
         return;
     }
     scope->Clear();
-    scope->nextSpare_ = std::exchange(spare_, scope);
-    ++spares_;
+    scope->nextSpare_ = std::exchange(firstSpare, scope);
+    ++spareCount;
 }
 
 Scope& LocalsForChange() {
@@ -203,7 +203,7 @@ Value ReadIndexed(const Value& variable, std::u16string_view name,
     if (index.column >= 0) {
         return Unescaped(index.hasRow ? table.RowCell(row, column) : table.Cell(column));
     }
-    const Value whole = index.hasRow ? table.Row(row) : table;
+    Value whole = index.hasRow ? table.Row(row) : table;
     double number = 0;
     if (whole.IsPlainNumber(number)) return whole;
     return Unescaped(Value(NormaliseCommas(whole.Text())));

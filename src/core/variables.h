@@ -51,9 +51,9 @@ class Scope {
 
     // An empty scope. Those that nobody owns any more are used again, so that a call needs no memory.
     static CountedPtr<Scope> Make() {
-        if (spare_ == nullptr) return CountedPtr<Scope>(new Scope);
-        --spares_;
-        return CountedPtr<Scope>(std::exchange(spare_, spare_->nextSpare_));
+        if (firstSpare == nullptr) return CountedPtr<Scope>(new Scope);
+        --spareCount;
+        return CountedPtr<Scope>(std::exchange(firstSpare, firstSpare->nextSpare_));
     }
     // Gives up a scope that has no owner any more.
     static void GiveUp(Scope* scope) noexcept;
@@ -61,8 +61,8 @@ class Scope {
     std::uint32_t owners = 0;
 
   private:
-    static inline Scope* spare_ = nullptr;
-    static inline std::size_t spares_ = 0;
+    static inline Scope* firstSpare = nullptr;
+    static inline std::size_t spareCount = 0;
 
     std::vector<Local> locals_;
     Scope* nextSpare_ = nullptr;  // of a scope that waits to be used again

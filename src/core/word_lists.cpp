@@ -113,14 +113,14 @@ std::int32_t ParseColor(const Word& word) {
 }
 
 std::u16string ColorToText(std::int32_t color) {
-    constexpr std::u16string_view digits = u"0123456789ABCDEF";
+    constexpr std::u16string_view kDigits = u"0123456789ABCDEF";
     const auto bits = static_cast<std::uint32_t>(color);
     std::u16string text = u"&h";
     if (color < 0) {
-        for (int shift = 28; shift >= 0; shift -= 4) text += digits[(bits >> shift) & 0xF];
+        for (int shift = 28; shift >= 0; shift -= 4) text += kDigits[(bits >> shift) & 0xF];
         return text;
     }
-    for (const int shift : {4, 0, 12, 8, 20, 16}) text += digits[(bits >> shift) & 0xF];
+    for (const int shift : {4, 0, 12, 8, 20, 16}) text += kDigits[(bits >> shift) & 0xF];
     return text;
 }
 

@@ -61,8 +61,8 @@ class Value {
     Value(Value&& other) noexcept : record_(other.record_), number_(other.number_) {
         other.record_ = nullptr;
     }
-    Value& operator=(const Value& other) noexcept {
-        // The other may be this one, or lie in what is given up.
+    // The other may be this one, or lie in what is given up.
+    Value& operator=(const Value& other) noexcept {  // NOLINT(bugprone-unhandled-self-assignment)
         ValueRecord* const record = other.record_;
         const double number = other.number_;
         other.Retain();
