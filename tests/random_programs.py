@@ -1,6 +1,7 @@
 """Random programs of the language, the same for the same seed: they end, and print what they did."""
 
 import random
+import re
 
 NUMBERS = ("0", "1", "2", "3", "7", "10", "255", "-4", "0.5", "2.25", "１２", "－３", "1E3", "100000")
 # What reads as a number without being its usual text, what almost does, and what doesn't.
@@ -13,6 +14,8 @@ TABLES = ("表", "行列", "写し")
 DICTIONARIES = ("辞", "控え")
 COUNTERS = ("I", "J", "K")
 PROCEDURE_COUNTERS = ("L", "M", "N")  # their loops run inside the others
+# Words that may hold a whole table, or several words: stored to where they come from they double it.
+LARGE = re.compile(f"(?:{'|'.join(TABLES + DICTIONARIES)})(?!（)|0）|[＆［]")
 ORDERS = ("小さい順", "大きい順", "名前順", "逆")
 
 
@@ -86,6 +89,10 @@ class Program:
             return f"{self.pick(TABLES)}（{self.index(6)}、{self.index(6)}）"
         return f"{self.pick(TABLES + DICTIONARIES)}（{self.index(6)}、0）"
 
+    def bounded(self, word):
+        """The word as what is stored in a loop, where nothing may become twice as long in each pass."""
+        return f"左（{word}、60）" if self.depth and LARGE.search(word) else word
+
     def number(self, depth=0):
         kind = self.random.random()
         if kind < 0.3 or depth > 2:
@@ -113,7 +120,7 @@ class Program:
 
     def procedure_word(self):
         """A call in a word; the first argument bounds how deep it goes."""
-        words = self.pick((self.number, self.value, lambda depth: self.pick(SCALARS)))(2)
+        words = self.bounded(self.pick((self.number, self.value, lambda depth: self.pick(SCALARS)))(2))
         return self.pick((
             f"下る（{self.random.randint(0, 4)}、{words}）", f"隠す（{words}、{self.number(2)}）",
             f"写す（{self.pick(SCALARS)}、{words}）", f"隠す（{words}）",
@@ -166,8 +173,8 @@ class Program:
         return one
 
     def statement(self):
-        makers = [(self.new_key, 2), (self.assign, 8), (self.store, 12), (self.show, 4), (self.fill, 4), (self.copy, 3),
-                  (self.append, 3), (self.if_line, 3), (self.nested, 1), (self.sort, 1)]
+        makers = [(self.new_key, 2), (self.assign, 8), (self.store, 12), (self.show, 4),
+                  (self.fill, 4), (self.copy, 3), (self.append, 3), (self.if_line, 3), (self.nested, 1), (self.sort, 1)]
         if self.depth < 2:
             makers += [(self.if_block, 2), (self.loop, 4)]
         if self.calls:
@@ -184,13 +191,13 @@ class Program:
         if self.random.random() < 0.3:
             self.put(f"{name}＝{name}＋{self.number(1)}")
         else:
-            self.put(f"{name}＝{self.pick((self.number, self.value))()}")
+            self.put(f"{name}＝{self.bounded(self.pick((self.number, self.value))())}")
 
     def new_key(self):
         self.put(f"鍵＝「k」＆{self.number(1)}")
 
     def store(self):
-        self.put(f"{self.cell()}＝{self.pick((self.number, self.value))()}")
+        self.put(f"{self.cell()}＝{self.bounded(self.pick((self.number, self.value))())}")
 
     def fill(self):
         self.put(f"{self.pick(TABLES)}＝{self.pick((self.list_text, self.table_text))()}")
@@ -255,9 +262,10 @@ class Program:
         self.put("繰り返し終わり")
 
     def call(self):
-        self.put(self.pick((f"{self.index()}を{self.value(1)}に入れる", f"{self.number(1)}を数え足す",
-                            f"{self.value(1)}を控える", f"{self.random.randint(0, 4)}を巡る",
-                            f"{self.pick(SCALARS)}へ{self.value(1)}を移す",
+        value = self.bounded(self.value(1))
+        self.put(self.pick((f"{self.index()}を{value}に入れる", f"{self.number(1)}を数え足す",
+                            f"{value}を控える", f"{self.random.randint(0, 4)}を巡る",
+                            f"{self.pick(SCALARS)}へ{value}を移す",
                             f"{self.name()}を隠す")))
 
     def show_all(self):
