@@ -284,6 +284,7 @@ class If : public Action {
 }  // namespace
 
 void ChooseBranch(const IfPlan& plan, bool result) {
+    if (run.StopFlag) return;  // by a word of the condition
     if (plan.oneLine) {
         (result ? plan.thenPart : plan.elsePart)->Run();
         return;

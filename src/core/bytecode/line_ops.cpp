@@ -16,7 +16,9 @@ namespace {
 // What a word throws ends the line; a flag that it sets is for those to see who come to the end of the line.
 template <class Step>
 inline const Op* RunWord(const Op& op, Frame& frame, Step step) {
-    run.CurLine = LineAt(frame, op.line).number;
+    // A word before this one may have stopped the run; the place of the stop is to be told.
+    if (!run.StopFlag) [[likely]]
+        run.CurLine = LineAt(frame, op.line).number;
     if (op.data->statement) run.CurrentStatement = op.data->statement;
     if (!Attempt(step)) {
         pendingFailure.Clear();
