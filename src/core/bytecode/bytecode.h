@@ -135,12 +135,9 @@ class KeptCode {
   public:
     // The code, once it is worth compiling; nullptr before, and where no short road is taken.
     const Bytecode* Of(const Program& program, std::int32_t first, const LoopPlan* loop) {
-        ++uses_;
         if (hooks.RestartRepeatedMedia != nullptr) return nullptr;
-        if (current_ != nullptr && current_->version == program.version &&
-            (current_->settled || uses_ < next_)) {
-            return current_;
-        }
+        const bool known = current_ != nullptr && current_->version == program.version;
+        if (known && (current_->settled || ++uses_ < next_)) return current_;
         return Renew(program, first, loop);
     }
 

@@ -73,9 +73,8 @@ void Compiler::ReturnWith(const Word& word, Statement& statement, int line) {
     } else if (pure) {
         emit(ops::ReturnRegister(), InRegister(Pure(word, line), line).index);
     } else if (plan.kind == PlanKind::kArithmetic) {
-        const CodeOperand sum =
-            Rounded(InRegister(AnySum(*plan.expression, line, held), line), line);
-        Op& op = Emit(ops::ReturnRegister(), line);
+        const CodeOperand sum = InRegister(AnySum(*plan.expression, line, held), line);
+        Op& op = Emit(ops::ReturnSum(), line);
         op.a = sum.index;
     } else if (plan.kind == PlanKind::kCall && plan.IsLeftToProcedures()) {
         Op& op = emit(ops::ReturnWord(), 0);
@@ -164,8 +163,8 @@ std::unique_ptr<const Bytecode> CompileLoop(const Program& program, std::int32_t
 
 const Bytecode* KeptCode::Renew(const Program& program, std::int32_t first, const LoopPlan* loop) {
     constexpr std::uint32_t kPatience = 4;
-    const bool outdated = current_ != nullptr && current_->version != program.version;
-    if (!kShortRoads || (!outdated && uses_ < next_)) return nullptr;
+    const bool isFirst = current_ == nullptr;
+    if (!kShortRoads || (isFirst && ++uses_ < next_)) return nullptr;
     next_ = uses_ * kPatience;
     std::unique_ptr<const Bytecode> code =
         loop == nullptr ? CompileBody(program, first) : CompileLoop(program, first, *loop);

@@ -210,6 +210,11 @@ const Op* ReturnRegisterOp(const Op& op, Frame& frame) {
     return Return(op, frame);
 }
 
+const Op* ReturnSumOp(const Op& op, Frame& frame) {
+    run.Response.SetHeldNumber(RoundResult(RegisterOf(frame, op.a)));
+    return Return(op, frame);
+}
+
 const Op* ReturnSlotOp(const Op& op, Frame& frame) {
     const Value* value = SlotOf(frame, op.a);
     if (value == &Frame::noVariable) return Decline(op, frame);
@@ -254,6 +259,7 @@ OpHandler BeginLoop() { return BeginLoopOp; }
 OpHandler EndPass() { return EndPassOp; }
 OpHandler LeaveLoop() { return LeaveLoopOp; }
 OpHandler ReturnRegister() { return ReturnRegisterOp; }
+OpHandler ReturnSum() { return ReturnSumOp; }
 OpHandler ReturnSlot() { return ReturnSlotOp; }
 OpHandler ReturnConstant() { return ReturnConstantOp; }
 OpHandler ReturnWord() { return ReturnWordOp; }

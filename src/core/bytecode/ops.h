@@ -60,6 +60,7 @@ OpHandler EndPass();
 OpHandler LeaveLoop();
 // 抜ける out of the procedure, with register a (a number as values hold it), slot a, *constant, data->word, or nothing.
 OpHandler ReturnRegister();
+OpHandler ReturnSum();  // register a, to be rounded
 OpHandler ReturnSlot();
 OpHandler ReturnConstant();
 OpHandler ReturnWord();
