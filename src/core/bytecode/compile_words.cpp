@@ -140,7 +140,7 @@ CodeOperand Compiler::Load(const Word& word, int line, const StatementPtr& state
     const WordPlan& plan = word.Plan();
     const bool calls = plan.kind == PlanKind::kCall && plan.IsLeftToProcedures();
     const bool isName = plan.kind == PlanKind::kName && plan.symbol != nullptr && !statement;
-    const int slot = isName || calls ? Slot(plan.symbol) : -1;
+    const int slot = isName ? Slot(plan.symbol) : -1;
     const int to = Register();
     Op& op = Emit(calls ? ops::CallWord() : ops::LoadWord(), line);
     op.b = slot;

@@ -38,7 +38,7 @@ const Op* CallWordOp(const Op& op, Frame& frame) {
     const OpData& data = *op.data;
     double& result = RegisterOf(frame, op.c);
     return RunWord(op, frame, [&] {
-        const bool called = SlotOf(frame, op.b) == &Frame::noVariable && data.call->Run();
+        const bool called = FindVariable(data.symbol) == nullptr && data.call->Run();
         result = called ? run.Response.NumberOrZero() : EvalWord(data.word).NumberOrZero();
     });
 }

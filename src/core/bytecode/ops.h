@@ -38,7 +38,7 @@ OpHandler StoreCell(OperandMode index, OperandMode value);
 OpHandler StoreRowCell(OperandMode row, OperandMode column);
 // register c = the number of data->word, which may run anything; slot b is looked at before, unless it is -1.
 OpHandler LoadWord();
-// The same for a word that most often is a call of a procedure: no variable of its name is in slot b.
+// The same for a word that most often is a call of a procedure.
 OpHandler CallWord();
 // The variable of data->target, which is slot c, = register a, rounded, also where there is no such variable
 // yet: the end of a line that ran words.
