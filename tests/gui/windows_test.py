@@ -236,5 +236,14 @@ class Drawing(ScriptWindows):
         self.assert_quiet_end(program)
 
 
+class LostDisplay(ScriptWindows):
+    """Its own class: the display is gone afterwards."""
+
+    def test_the_run_ends_in_order(self):
+        program, _ = self.run_window("ボタン1を作る", "リスト1を作る", "待機")
+        self.display.server.terminate()
+        self.assertEqual(program.end()[:2], (1, ""))
+
+
 if __name__ == "__main__":
     main()

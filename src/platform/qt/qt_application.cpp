@@ -2,6 +2,7 @@
 #include "platform/qt/qt_application.h"
 
 #include <time.h>
+#include <unistd.h>
 
 #include <QApplication>
 #include <QFontDatabase>
@@ -78,6 +79,14 @@ void QuietMessages() {
     QLoggingCategory::setFilterRules(rules);
 }
 
+// The toolkit ends the process by itself, from within its events, when the display has gone. The objects of
+// the script are in use then, and can't be taken apart as at the end of main.
+void EndWithinEvents(int status, void* /*data*/) {
+    if (!IsToolkitAtWork()) return;
+    std::fflush(nullptr);
+    _exit(status);
+}
+
 ApplicationPointer MakeApplication(QtMessageHandler onMessage) {
     // The toolkit keeps references to both for as long as it lives.
     static int count = 1;
@@ -96,6 +105,7 @@ ApplicationPointer MakeApplication(QtMessageHandler onMessage) {
     QApplication::setDesktopFileName(QStringLiteral("velmscript"));
     InstallJapaneseTexts(*application);
     StartFrames();
+    on_exit(EndWithinEvents, nullptr);
     return application;
 }
 

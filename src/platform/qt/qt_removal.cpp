@@ -67,6 +67,8 @@ bool IsWithin(const QObject* inner, const QObject& outer) {
 ToolkitScope::ToolkitScope() { OpenScopes().push_back(++lastScope); }
 ToolkitScope::~ToolkitScope() { OpenScopes().pop_back(); }
 
+bool IsToolkitAtWork() { return !OpenScopes().empty(); }
+
 std::uint64_t LastToolkitScope() { return lastScope; }
 
 void RemoveWhenFree(QObject& object, std::uint64_t birth) {

@@ -17,6 +17,9 @@ class ToolkitScope {
     ToolkitScope& operator=(const ToolkitScope&) = delete;
 };
 
+// Whether such a scope lives.
+bool IsToolkitAtWork();
+
 // The number of the scope that began last.
 std::uint64_t LastToolkitScope();
 
